@@ -1,0 +1,23 @@
+# Values that differ from one deployment to the next. They are fixed at build time:
+#   cmake --preset release -DSSQ_RESULTS_HOST=http://results.my-site.cn ...
+set(SSQ_PRODUCT_NAME "双色球分析工作台" CACHE STRING "Product name shown in the window title")
+set(SSQ_RESULTS_HOST "http://results.example.invalid" CACHE STRING
+    "Scheme and host of the results site (draw list and prize notices)")
+set(SSQ_ORDER_HOST "http://order.example.invalid" CACHE STRING
+    "Scheme and host of the service that tells the drawn order")
+set(SSQ_SALES_HOST "http://sales.example.invalid" CACHE STRING
+    "Scheme and host of the online ticket sales site")
+set(SSQ_PARTNER_HOST "http://partner.example.invalid" CACHE STRING
+    "Scheme and host of the partner site behind the button that buys tickets")
+set(SSQ_PARTNER_COOPID "0" CACHE STRING "Value of the key coopid on the partner site")
+set(SSQ_PARTNER_ADID "0" CACHE STRING "Value of the key adid on the partner site")
+set(SSQ_MAKER_SITE "http://www.example.invalid" CACHE STRING "The maker's web site")
+set(SSQ_PRODUCT_PAGE "http://www.example.invalid/ssq" CACHE STRING
+    "The page of this product on the maker's site")
+set(SSQ_MAKER_SITE_CAPTION " 官方网站首页" CACHE STRING
+    "Caption of the last entry of the menu bar, which opens the product page")
+set(SSQ_CONTACT_LINK "http://www.example.invalid/contact" CACHE STRING
+    "The maker's chat contact link")
+
+configure_file(${CMAKE_SOURCE_DIR}/cmake/Deployment.cpp.in
+               ${CMAKE_BINARY_DIR}/generated/Deployment.cpp @ONLY)

@@ -1,0 +1,28 @@
+// Values that a deployment fixes at build time.
+#pragma once
+
+#include <string>
+
+namespace ssq {
+
+struct Deployment {
+    std::string productName;
+    std::string version;
+    // Scheme and host without a closing slash; paths and query keys belong to the callers.
+    std::string resultsHost;
+    std::string orderHost;
+    std::string salesHost;
+    std::string partnerHost;
+    std::string partnerCoopId;
+    std::string partnerAdId;
+    // Complete links.
+    std::string makerSite;
+    std::string makerSiteCaption;
+    std::string productPage;
+    std::string contactLink;
+};
+
+// The values of this build (see cmake/deployment.cmake).
+Deployment DefaultDeployment();
+
+}  // namespace ssq

@@ -1,0 +1,34 @@
+// Numbers in texts, as a user of Chinese Windows expects them, and the rates shown in grids.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace ssq {
+
+// The leading number of a text (blanks skipped); 0 where there is none.
+double Val(std::string_view text);
+
+// The value of a text that is one number as a whole: sign, digit groups ("1,234,567"), decimals
+// and exponent are allowed, blanks around it too. Empty when it is not one.
+std::optional<double> ParseNumber(std::string_view text);
+
+bool IsNumeric(std::string_view text);
+
+// The whole-number part of a text that is a number, towards zero; 0 when it is none, and held to
+// the range of 64 bits.
+std::int64_t WholePart(std::string_view text);
+
+// Two decimals, ties to the even digit.
+double Round(double value);
+
+// Round(part / whole * 100).
+double Percent(double part, double whole);
+
+// How a number becomes the text of a cell: shortest form without trailing zeros and without an
+// exponent in ordinary sizes; "-" for what is not finite (a rate over nothing).
+std::string NumberText(double value);
+
+}  // namespace ssq

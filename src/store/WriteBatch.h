@@ -1,0 +1,29 @@
+// Many small writes that reach the disk in one go.
+#pragma once
+
+#include <string>
+
+#include "ui/Host.h"
+
+namespace ssq {
+
+struct Session;
+
+// While a WriteBatch lives, the statements of its run share a transaction, which is committed at
+// the batch's end and before each pump of the event loop (a box included). What was executed
+// before a failure is kept. Batches nest as runs do.
+class WriteBatch final : public PumpListener {
+  public:
+    explicit WriteBatch(Session& session);
+    ~WriteBatch() override;
+    WriteBatch(const WriteBatch&) = delete;
+    WriteBatch& operator=(const WriteBatch&) = delete;
+
+    void BeforePump() override;
+    void AfterPump() override;
+
+  private:
+    Session& session_;
+};
+
+}  // namespace ssq

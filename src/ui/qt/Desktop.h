@@ -1,0 +1,52 @@
+// What the panels ask of the desktop around the program: boxes, file dialogs, links, popup menus.
+// One small interface, so that the test driver can answer in the user's place.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class QMenu;
+class QPoint;
+
+namespace ssq {
+
+class Desktop {
+  public:
+    Desktop() = default;
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+    virtual ~Desktop() = default;
+
+    // A modal box with the information icon and OK; long texts fold into details.
+    virtual void ShowBox(const QString& title, const QString& text) = 0;
+
+    // A modal box with OK and Cancel; true for OK.
+    virtual bool Confirm(const QString& title, const QString& text) = 0;
+
+    // The chosen file, empty when the user cancels. `pattern` is such as "*.xls".
+    virtual QString AskSaveFile(const QString& pattern) = 0;
+    virtual QString AskOpenFile(const QString& pattern) = 0;
+
+    // Opens a link or a document with the system's own program.
+    virtual void Open(const QString& urlOrFile) = 0;
+
+    // Starts a program without waiting for it; `arguments` is one text, as it goes to the system.
+    virtual void StartProgram(const QString& file, const QString& arguments) = 0;
+
+    // Shows the menu at a place of the screen and returns when it is closed.
+    virtual void RaisePopup(QMenu& menu, const QPoint& place) = 0;
+};
+
+// The desktop of a running session.
+class SystemDesktop final : public Desktop {
+  public:
+    void ShowBox(const QString& title, const QString& text) override;
+    bool Confirm(const QString& title, const QString& text) override;
+    QString AskSaveFile(const QString& pattern) override;
+    QString AskOpenFile(const QString& pattern) override;
+    void Open(const QString& urlOrFile) override;
+    void StartProgram(const QString& file, const QString& arguments) override;
+    void RaisePopup(QMenu& menu, const QPoint& place) override;
+};
+
+}  // namespace ssq
