@@ -1,0 +1,26 @@
+#include "app/Program.h"
+
+#include "app/frmMain.h"
+#include "app/public_fun.h"
+#include "ui/qt/Updater.h"
+
+namespace ssq {
+
+Program::Program(Desktop& desktop, std::filesystem::path folder)
+    : desktop_(desktop), host_(desktop), session_(host_, std::move(folder)) {}
+
+Program::~Program() = default;
+
+void Program::Start() {
+    LaunchUpdater(session_, desktop_, false);
+    OpenDatabase(session_);
+    RefreshLatestIssue(session_);
+    window_ = std::make_unique<frmMain>(PanelContext{session_, desktop_});
+    window_->show();
+}
+
+QWidget& Program::mainWindow() {
+    return *window_;
+}
+
+}  // namespace ssq

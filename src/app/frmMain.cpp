@@ -1,0 +1,197 @@
+#include "app/frmMain.h"
+
+#include <QApplication>
+#include <QBoxLayout>
+#include <QCloseEvent>
+#include <QDialog>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenuBar>
+#include <QStatusBar>
+
+#include "app/Public_var.h"
+#include "app/frmMainMenu.h"
+#include "app/frmMainPanels.h"
+#include "app/text.h"
+#include "banker/Recommendation.h"
+#include "banker/fenXi.h"
+#include "ui/Host.h"
+#include "ui/qt/Desktop.h"
+#include "ui/qt/GridView.h"
+#include "ui/qt/IssueCombo.h"
+#include "ui/qt/ProgressStrip.h"
+#include "ui/qt/Updater.h"
+#include "ui/qt/form.h"
+
+namespace ssq {
+
+frmMain::frmMain(const PanelContext& context)
+    : context_(context), panels_(std::make_unique<PanelRegistry>(context)) {
+    BuildControls();
+    BuildMenus();
+    Load();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::BuildControls() {
+    const Deployment& deployment = context_.session.deployment;
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowTitle(Qs(deployment.productName + " " + deployment.version));
+    resize(1180, 760);
+
+    auto* centre = new QWidget;
+    auto* column = new QVBoxLayout(centre);
+    setCentralWidget(centre);
+
+    auto* query = AddRow(AddGroup(column, "Frame2", {}));
+    start_ = AddIssueCombo(query, "cboSdate", QStringLiteral("开始期号:"), "Label1");
+    end_ = AddIssueCombo(query, "cboEdate", QStringLiteral("结束期号:"), "Label2");
+    AddButton(query, "Command1", QStringLiteral("胆码推荐"), [this] { Recommend(); });
+    AddButton(query, "Command3", QStringLiteral("购买彩票"), [this] { BuyTickets(); });
+
+    progress_ = new ProgressStrip(QStringLiteral("正在学习中......."));
+    column->addWidget(progress_);
+
+    resultGroup_ = AddGroup(column, "Frame1", QStringLiteral("分析结果"));
+    vs1_ = AddGrid(resultGroup_, "vs1");
+
+    statusBar()->setObjectName(QStringLiteral("bar1"));
+    for (int panel = 0; panel < 2; ++panel) {
+        statusPanels_[panel] = new QLabel;
+        statusPanels_[panel]->setObjectName(QStringLiteral("panel%1").arg(panel + 1));
+        statusBar()->addWidget(statusPanels_[panel], panel);
+    }
+}
+
+void frmMain::BuildMenus() {
+    for (const TopEntry& top : MenuBarEntries()) {
+        QMenu* menu = menuBar()->addMenu(QString::fromUtf8(top.caption));
+        menu->setObjectName(QString::fromUtf8(top.control));
+        menu->menuAction()->setObjectName(QString::fromUtf8(top.control));
+        for (const MenuEntry& entry : top.entries) AddEntry(*menu, entry);
+    }
+    QAction* site = menuBar()->addAction(Qs(context_.session.deployment.makerSiteCaption));
+    site->setObjectName(QStringLiteral("m_guangfang"));
+    connect(site, &QAction::triggered, this,
+            [this] { context_.desktop.Open(Qs(context_.session.deployment.productPage)); });
+}
+
+void frmMain::AddEntry(QMenu& menu, const MenuEntry& entry) {
+    QAction* action = menu.addAction(QString::fromUtf8(entry.caption));
+    action->setObjectName(QString::fromUtf8(entry.control));
+    const bool opensPanel =
+        entry.action == MenuAction::kOpenPanel || entry.action == MenuAction::kOpenDialog;
+    action->setEnabled(!opensPanel || PanelRegistry::Knows(QString::fromUtf8(entry.argument)));
+    connect(action, &QAction::triggered, this, [this, &entry] { Run(entry); });
+}
+
+void frmMain::Run(const MenuEntry& entry) {
+    const QString argument = QString::fromUtf8(entry.argument);
+    switch (entry.action) {
+        case MenuAction::kOpenPanel: {
+            QWidget& panel = panels_->Get(argument);
+            panel.show();
+            panel.raise();
+            panel.activateWindow();
+            return;
+        }
+        case MenuAction::kOpenDialog:
+            OpenDialog(argument);
+            return;
+        case MenuAction::kSay:
+            context_.session.host.ShowMessage(entry.argument);
+            return;
+        default:
+            RunCommand(entry);
+    }
+}
+
+void frmMain::RunCommand(const MenuEntry& entry) {
+    const Deployment& deployment = context_.session.deployment;
+    switch (entry.action) {
+        case MenuAction::kLearn:
+            Learn();
+            return;
+        case MenuAction::kOpenContact:
+            context_.desktop.Open(Qs(deployment.contactLink));
+            return;
+        case MenuAction::kOpenSite:
+            context_.desktop.Open(Qs(deployment.makerSite));
+            return;
+        case MenuAction::kOpenHelp:
+            context_.desktop.Open(Qs((context_.session.programFolder / "ssqhelp.chm").string()));
+            return;
+        case MenuAction::kUpdateProgram:
+            LaunchUpdater(context_.session, context_.desktop, true);
+            return;
+        default:
+            return;
+    }
+}
+
+void frmMain::Load() {
+    RefillCombos();
+    SetStatusPanel("最新:" + context_.session.LatestIssue, 1);
+    SetStatusPanel(LearningModeText(context_.session), 2);
+}
+
+void frmMain::SetStatusPanel(const std::string& text, int panel) {
+    statusPanels_[panel - 1]->setText(Qs(Trim(text)));
+}
+
+void frmMain::RefillCombos() {
+    FillIssueCombos(context_, *start_, *end_, false);
+}
+
+void frmMain::OpenDialog(const QString& panel) {
+    panels_->MakeDialog(panel, this)->exec();
+}
+
+void frmMain::Learn() {
+    Session& session = context_.session;
+    const std::string endIssue = end_->issue();
+    if (!CheckPeriod(session, {endIssue, endIssue})) return;
+    // A run started in the middle of another takes its place.
+    const int run = ++learnRuns_;
+    progress_->Begin();
+    const bool learned = LearnFormulas(session, endIssue, [this, run](const std::string& percent) {
+        progress_->Set(percent);
+        return run == learnRuns_;
+    });
+    if (session.host.stopping() || run != learnRuns_) return;
+    if (learned) RecordLearning(session);
+    progress_->End();
+    if (!learned) return;
+    RefillCombos();
+    Recommend();
+}
+
+void frmMain::Recommend() {
+    Session& session = context_.session;
+    SetStatusPanel(LearningModeText(session), 2);
+    BankerRecommendation result;
+    if (!RecommendBankers(session, RangeOf(*start_, *end_), result)) return;
+    resultGroup_->setTitle(Qs(result.caption));
+    vs1_->SetGrid(std::move(result.grid));
+}
+
+void frmMain::BuyTickets() {
+    const Deployment& deployment = context_.session.deployment;
+    context_.desktop.Open(Qs(deployment.partnerHost + "/pages/interfacehezuo.php?coopid=" +
+                             deployment.partnerCoopId + "&adid=" + deployment.partnerAdId));
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    if (!context_.desktop.Confirm(QStringLiteral(" 退出软件"),
+                                  QStringLiteral(" 您确定要退出软件吗？"))) {
+        event->ignore();
+        return;
+    }
+    context_.session.host.Stop();
+    context_.session.connection.Close();
+    event->accept();
+    QApplication::quit();
+}
+
+}  // namespace ssq

@@ -1,0 +1,59 @@
+// The one shell window: menu bar, range, banker recommendation, status bar.
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+
+#include "ui/qt/PanelContext.h"
+
+class QGroupBox;
+class QLabel;
+class QMenu;
+class QVBoxLayout;
+
+namespace ssq {
+
+class GridView;
+class IssueCombo;
+class PanelRegistry;
+class ProgressStrip;
+struct MenuEntry;
+
+class frmMain final : public QMainWindow {
+  public:
+    explicit frmMain(const PanelContext& context);
+    ~frmMain() override;
+
+    // Sets a panel of the status bar, 1 or 2, to the text without blanks around it.
+    void SetStatusPanel(const std::string& text, int panel);
+
+    // The range of the window, refilled from the store.
+    void RefillCombos();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void BuildControls();
+    void BuildMenus();
+    void AddEntry(QMenu& menu, const MenuEntry& entry);
+    void Run(const MenuEntry& entry);
+    void RunCommand(const MenuEntry& entry);
+    void Load();
+    void OpenDialog(const QString& panel);
+    void Learn();
+    void Recommend();
+    void BuyTickets();
+
+    PanelContext context_;
+    std::unique_ptr<PanelRegistry> panels_;
+    IssueCombo* start_ = nullptr;
+    IssueCombo* end_ = nullptr;
+    QGroupBox* resultGroup_ = nullptr;
+    GridView* vs1_ = nullptr;
+    ProgressStrip* progress_ = nullptr;
+    QLabel* statusPanels_[2] = {};
+    int learnRuns_ = 0;
+};
+
+}  // namespace ssq

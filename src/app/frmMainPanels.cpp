@@ -1,0 +1,48 @@
+#include "app/frmMainPanels.h"
+
+#include <QDialog>
+
+#include "banker/frmXUEXI.h"
+#include "banker/frmxxjl.h"
+
+namespace ssq {
+
+namespace {
+
+using MakePanel = std::unique_ptr<QWidget> (*)(const PanelContext&, QWidget* parent);
+
+template <typename Panel>
+std::unique_ptr<QWidget> Make(const PanelContext& context, QWidget* parent) {
+    return std::make_unique<Panel>(context, parent);
+}
+
+const std::map<QString, MakePanel>& Makers() {
+    static const std::map<QString, MakePanel> kMakers = {
+        {QStringLiteral("frmXUEXI"), Make<frmXUEXI>},
+        {QStringLiteral("frmxxjl"), Make<frmxxjl>},
+    };
+    return kMakers;
+}
+
+}  // namespace
+
+PanelRegistry::PanelRegistry(const PanelContext& context) : context_(context) {}
+
+PanelRegistry::~PanelRegistry() = default;
+
+bool PanelRegistry::Knows(const QString& name) {
+    return Makers().contains(name);
+}
+
+QWidget& PanelRegistry::Get(const QString& name) {
+    std::unique_ptr<QWidget>& panel = open_[name];
+    if (!panel) panel = Makers().at(name)(context_, nullptr);
+    return *panel;
+}
+
+std::unique_ptr<QDialog> PanelRegistry::MakeDialog(const QString& name, QWidget* parent) const {
+    std::unique_ptr<QWidget> panel = Makers().at(name)(context_, parent);
+    return std::unique_ptr<QDialog>(static_cast<QDialog*>(panel.release()));
+}
+
+}  // namespace ssq

@@ -1,0 +1,38 @@
+#include "banker/frmxxjl.h"
+
+#include <QBoxLayout>
+
+#include "app/Public_var.h"
+#include "ui/Host.h"
+#include "ui/qt/GridView.h"
+#include "ui/qt/form.h"
+
+namespace ssq {
+
+frmxxjl::frmxxjl(const PanelContext& context, QWidget* parent)
+    : QDialog(parent), context_(context) {
+    auto* column = SetUpPanel(*this, "frmxxjl", QStringLiteral(" 学习记录"), 520, 420);
+    vs1_ = AddGrid(column, "vs1");
+    auto* row = AddRow(column);
+    AddLabel(row, "Label1", QStringLiteral("提示: 点击还原可以还原到选中的设置"));
+    row->insertStretch(1);
+    AddButton(row, "Command1", QStringLiteral("还原"), [this] { Restore(); });
+    AddButton(row, "Command2", QStringLiteral("退出"), [this] { reject(); });
+    Load();
+}
+
+void frmxxjl::Load() {
+    ResultGrid grid;
+    if (ReadLearningRecords(context_.session, grid, records_)) vs1_->SetGrid(std::move(grid));
+}
+
+void frmxxjl::Restore() {
+    const int row = vs1_->grid().rowSel();
+    if (row < 1 || row > static_cast<int>(records_.size())) {
+        context_.session.host.ShowMessage("请先选中一条学习记录！");
+        return;
+    }
+    RestoreLearningRecord(context_.session, records_[static_cast<std::size_t>(row - 1)]);
+}
+
+}  // namespace ssq

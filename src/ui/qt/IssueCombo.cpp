@@ -1,0 +1,84 @@
+#include "ui/qt/IssueCombo.h"
+
+#include <QCompleter>
+#include <QListView>
+#include <QStringListModel>
+
+#include "app/Public_var.h"
+
+namespace ssq {
+
+namespace {
+
+constexpr int kWideRange = 50;
+constexpr int kVisibleEntries = 20;
+
+bool ReadList(const PanelContext& context, QStringList& newestFirst) {
+    std::vector<std::string> issues;
+    if (!ReadIssues(context.session, issues)) return false;
+    newestFirst.reserve(static_cast<int>(issues.size()));
+    for (const std::string& issue : issues) newestFirst.append(Qs(issue));
+    return true;
+}
+
+}  // namespace
+
+IssueCombo::IssueCombo(QWidget* parent) : QComboBox(parent) {
+    setEditable(true);
+    setInsertPolicy(NoInsert);
+    setMaxVisibleItems(kVisibleEntries);
+    setModel(new QStringListModel(this));
+    // All entries are alike, so the list need not measure thousands of them to open.
+    auto* list = new QListView(this);
+    list->setUniformItemSizes(true);
+    setView(list);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(9);
+
+    auto* completer = new QCompleter(model(), this);
+    completer->setCompletionMode(QCompleter::PopupCompletion);
+    completer->setFilterMode(Qt::MatchContains);
+    completer->setMaxVisibleItems(kVisibleEntries);
+    if (auto* popup = qobject_cast<QListView*>(completer->popup())) {
+        popup->setUniformItemSizes(true);
+    }
+    setCompleter(completer);
+}
+
+void IssueCombo::Fill(const QStringList& newestFirst) {
+    static_cast<QStringListModel*>(model())->setStringList(newestFirst);
+    TakeEntry(-1);
+}
+
+std::string IssueCombo::issue() const {
+    return currentText().trimmed().toStdString();
+}
+
+void IssueCombo::TakeEntry(int position) {
+    const bool exists = position >= 0 && position < count();
+    setCurrentIndex(exists ? position : -1);
+    if (!exists) setEditText({});
+}
+
+QString IssueCombo::EntryBelow(int steps) const {
+    const int position = findText(currentText().trimmed());
+    return position < 0 ? QString() : itemText(position + steps);
+}
+
+void FillIssueCombos(const PanelContext& context, IssueCombo& start, IssueCombo& end, bool wide) {
+    QStringList issues;
+    if (!ReadList(context, issues)) return;
+    start.Fill(issues);
+    end.Fill(issues);
+    end.TakeEntry(0);
+    start.TakeEntry((wide ? kWideRange : GetLearnPeriods(context.session)) - 1);
+}
+
+void FillIssueCombo(const PanelContext& context, IssueCombo& combo) {
+    QStringList issues;
+    if (!ReadList(context, issues)) return;
+    combo.Fill(issues);
+    combo.TakeEntry(0);
+}
+
+}  // namespace ssq

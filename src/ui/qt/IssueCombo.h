@@ -1,0 +1,41 @@
+// The combos that choose a draw: every issue, newest first, to pick from or to type.
+#pragma once
+
+#include <QComboBox>
+
+#include "app/public_fun.h"
+#include "ui/qt/PanelContext.h"
+
+namespace ssq {
+
+class IssueCombo final : public QComboBox {
+  public:
+    explicit IssueCombo(QWidget* parent = nullptr);
+
+    // Replaces the list; the text becomes empty.
+    void Fill(const QStringList& newestFirst);
+
+    // What stands in the combo, chosen or typed, without blanks around it.
+    std::string issue() const;
+
+    // Takes the list entry at the position, counted from 0; an empty text where there is none.
+    void TakeEntry(int position);
+
+    // The entry `steps` below the one whose text stands in the combo; empty where the list ends
+    // before it, or the text is not in the list.
+    QString EntryBelow(int steps) const;
+};
+
+// Fills the range: the end is the newest issue, the start reaches back over as many draws as
+// banker learning uses, or over 50 when `wide`. On failure the error text is shown and the combos
+// stay as they are.
+void FillIssueCombos(const PanelContext& context, IssueCombo& start, IssueCombo& end, bool wide);
+
+// The same with one combo, which takes the newest issue.
+void FillIssueCombo(const PanelContext& context, IssueCombo& combo);
+
+inline PeriodRange RangeOf(const IssueCombo& start, const IssueCombo& end) {
+    return {start.issue(), end.issue()};
+}
+
+}  // namespace ssq

@@ -1,0 +1,139 @@
+#include "ui/qt/form.h"
+
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "app/MDLcolse.h"
+#include "ui/qt/GridCopy.h"
+#include "ui/qt/GridView.h"
+#include "ui/qt/IssueCombo.h"
+
+namespace ssq {
+
+namespace {
+
+template <typename Widget>
+Widget* Named(Widget* widget, const char* name) {
+    if (name) widget->setObjectName(QString::fromUtf8(name));
+    return widget;
+}
+
+// Adds a control behind its label at the end of the row's filled part.
+template <typename Widget>
+Widget* AddLabelled(QBoxLayout* row, Widget* control, const char* name, const QString& label,
+                    const char* labelName = nullptr) {
+    if (!label.isEmpty()) AddLabel(row, labelName, label)->setBuddy(control);
+    row->insertWidget(row->count() - 1, Named(control, name));
+    return control;
+}
+
+// Refuses what the missing close entry of a window would have sent.
+class CloseBlocker final : public QObject {
+  public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Close) {
+            event->ignore();
+            return true;
+        }
+        const bool escape = event->type() == QEvent::KeyPress &&
+                            static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+        return escape || QObject::eventFilter(watched, event);
+    }
+};
+
+}  // namespace
+
+QVBoxLayout* SetUpPanel(QWidget& panel, const char* name, const QString& title, int width,
+                        int height) {
+    Named(&panel, name)->setWindowTitle(title);
+    panel.resize(width, height);
+    return new QVBoxLayout(&panel);
+}
+
+QGroupBox* AddGroup(QBoxLayout* layout, const char* name, const QString& caption) {
+    auto* group = Named(new QGroupBox(caption), name);
+    new QVBoxLayout(group);
+    layout->addWidget(group);
+    return group;
+}
+
+QHBoxLayout* AddRow(QBoxLayout* layout) {
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    layout->addLayout(row);
+    return row;
+}
+
+QHBoxLayout* AddRow(QGroupBox* group) {
+    return AddRow(static_cast<QBoxLayout*>(group->layout()));
+}
+
+IssueCombo* AddIssueCombo(QBoxLayout* row, const char* name, const QString& label,
+                          const char* labelName) {
+    return AddLabelled(row, new IssueCombo, name, label, labelName);
+}
+
+QComboBox* AddCombo(QBoxLayout* row, const char* name, const QString& label,
+                    std::initializer_list<const char*> entries) {
+    auto* combo = AddLabelled(row, new QComboBox, name, label);
+    for (const char* entry : entries) combo->addItem(QString::fromUtf8(entry));
+    return combo;
+}
+
+QLineEdit* AddTextBox(QBoxLayout* row, const char* name, const QString& label) {
+    constexpr int kTextBoxWidth = 120;
+    auto* box = AddLabelled(row, new QLineEdit, name, label);
+    box->setMaximumWidth(kTextBoxWidth);
+    return box;
+}
+
+QCheckBox* AddCheckBox(QBoxLayout* row, const char* name, const QString& caption) {
+    return AddLabelled(row, new QCheckBox(caption), name, {});
+}
+
+QLabel* AddLabel(QBoxLayout* row, const char* name, const QString& text) {
+    return AddLabelled(row, new QLabel(text), name, {});
+}
+
+QPushButton* AddButton(QBoxLayout* row, const char* name, const QString& caption,
+                       std::function<void()> onClick) {
+    auto* button = AddLabelled(row, new QPushButton(caption), name, {});
+    button->setAutoDefault(false);
+    QObject::connect(button, &QPushButton::clicked, button, std::move(onClick));
+    return button;
+}
+
+GridView* AddGrid(QBoxLayout* layout, const char* name) {
+    auto* view = Named(new GridView, name);
+    view->onCopy = [view] { CopySelection(*view); };
+    layout->addWidget(view, 1);
+    return view;
+}
+
+GridView* AddGrid(QGroupBox* group, const char* name) {
+    if (auto* column = qobject_cast<QBoxLayout*>(group->parentWidget()->layout())) {
+        column->setStretchFactor(group, 1);
+    }
+    return AddGrid(static_cast<QBoxLayout*>(group->layout()), name);
+}
+
+void RemoveCloseEntry(QWidget& window, int flag) {
+    const SystemMenu left = EntriesLeft(flag);
+    window.setWindowFlag(Qt::CustomizeWindowHint);
+    window.setWindowFlag(Qt::WindowTitleHint);
+    window.setWindowFlag(Qt::WindowMinimizeButtonHint, left.minimize);
+    window.setWindowFlag(Qt::WindowMaximizeButtonHint, left.maximize);
+    window.setWindowFlag(Qt::WindowCloseButtonHint, left.close);
+    if (!left.close) window.installEventFilter(new CloseBlocker(&window));
+}
+
+}  // namespace ssq

@@ -1,0 +1,55 @@
+// The pieces that panels are built from, so that a panel's constructor reads like its table of
+// controls and all panels look alike. Names are given as in that table and become objectNames.
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <initializer_list>
+
+class QBoxLayout;
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QVBoxLayout;
+class QWidget;
+
+namespace ssq {
+
+class GridView;
+class IssueCombo;
+
+// A panel's name, title and first size; returns the column its parts go into.
+QVBoxLayout* SetUpPanel(QWidget& panel, const char* name, const QString& title, int width,
+                        int height);
+
+// A titled group at the end of `layout`, filled from top to bottom.
+QGroupBox* AddGroup(QBoxLayout* layout, const char* name, const QString& caption);
+
+// A row of controls at the end of a group or column; what is added stands at the left.
+QHBoxLayout* AddRow(QBoxLayout* layout);
+QHBoxLayout* AddRow(QGroupBox* group);
+
+// Labels of controls carry no name unless one is given.
+IssueCombo* AddIssueCombo(QBoxLayout* row, const char* name, const QString& label,
+                          const char* labelName = nullptr);
+QComboBox* AddCombo(QBoxLayout* row, const char* name, const QString& label,
+                    std::initializer_list<const char*> entries = {});
+QLineEdit* AddTextBox(QBoxLayout* row, const char* name, const QString& label);
+QCheckBox* AddCheckBox(QBoxLayout* row, const char* name, const QString& caption);
+QLabel* AddLabel(QBoxLayout* row, const char* name, const QString& text);
+QPushButton* AddButton(QBoxLayout* row, const char* name, const QString& caption,
+                       std::function<void()> onClick);
+
+// A grid that takes all the room there is; Ctrl+C copies its selection.
+GridView* AddGrid(QBoxLayout* layout, const char* name);
+GridView* AddGrid(QGroupBox* group, const char* name);
+
+// Takes entries out of a window's system menu: with a flag above 0 minimize and maximize,
+// otherwise close (the window then ends by its own buttons only).
+void RemoveCloseEntry(QWidget& window, int flag);
+
+}  // namespace ssq
