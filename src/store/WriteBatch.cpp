@@ -1,5 +1,7 @@
 #include "store/WriteBatch.h"
 
+#include <utility>
+
 #include "app/Public_var.h"
 
 namespace ssq {
@@ -24,16 +26,16 @@ void WriteBatch::AfterPump() {
 }
 
 void WriteBatch::Begin() {
-    // Where this fails the statements stand alone, as they do without a batch.
+    // Where this fails the statements stand alone, or belong to the batch around this one.
     std::string errorText;
     Recordset nothing;
-    session_.connection.OpenQuery("begin", errorText, nothing);
+    isOpen_ = session_.connection.OpenQuery("begin", errorText, nothing);
 }
 
 void WriteBatch::Commit() {
+    if (!std::exchange(isOpen_, false) || !session_.connection.isOpen()) return;
     std::string errorText;
     Recordset nothing;
-    if (!session_.connection.isOpen()) return;
     if (session_.connection.OpenQuery("commit", errorText, nothing)) return;
     commitError_ = errorText;
     session_.connection.OpenQuery("rollback", errorText, nothing);

@@ -28,6 +28,7 @@ class WriteBatch final : public PumpListener {
     void Commit();
 
     Session& session_;
+    bool isOpen_ = false;
     std::string commitError_;  // shown once the batch has ended
 };
 
