@@ -17,13 +17,13 @@ std::size_t UnitsThatFit(std::u16string_view units, std::size_t room, bool short
     return cutsPair ? count - 1 : count;
 }
 
-// The header of a text stays in one record; its units may go on in the next, which repeats the
-// flag byte first.
+// The header of a text and its first character stay in one record, as readers expect; the rest
+// may go on in the next, which repeats the flag byte first.
 void WriteText(RecordWriter& writer, std::u16string_view units) {
-    constexpr std::size_t kTextHeader = 3;
+    constexpr std::size_t kHeaderAndCharacter = 3 + 4;
     const bool shortForm = FitsShortForm(units);
     const std::uint32_t flag = shortForm ? 0 : 1;
-    if (writer.room() < kTextHeader) writer.Begin(Record::kContinue);
+    if (writer.room() < kHeaderAndCharacter) writer.Begin(Record::kContinue);
     writer.U16(static_cast<std::uint32_t>(units.size())).U8(flag);
     while (true) {
         const std::size_t fitting = UnitsThatFit(units, writer.room(), shortForm);
