@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+#include "app/frmHistory.h"
 #include "banker/frmXUEXI.h"
 #include "banker/frmxxjl.h"
 
@@ -18,6 +19,7 @@ std::unique_ptr<QWidget> Make(const PanelContext& context, QWidget* parent) {
 
 const std::map<QString, MakePanel>& Makers() {
     static const std::map<QString, MakePanel> kMakers = {
+        {QStringLiteral("frmHistory"), Make<frmHistory>},
         {QStringLiteral("frmXUEXI"), Make<frmXUEXI>},
         {QStringLiteral("frmxxjl"), Make<frmxxjl>},
     };

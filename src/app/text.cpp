@@ -71,6 +71,12 @@ std::size_t CharacterCount(std::string_view text) {
     return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), StartsCharacter));
 }
 
+std::size_t DisplayWidth(std::string_view text) {
+    const auto ascii = std::count_if(text.begin(), text.end(),
+                                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return 2 * CharacterCount(text) - static_cast<std::size_t>(ascii);
+}
+
 std::string Characters(std::string_view text, std::size_t start, std::size_t count) {
     const std::string_view tail = text.substr(CharacterOffset(text, start - 1));
     return std::string(tail.substr(0, CharacterOffset(tail, count)));

@@ -4,6 +4,7 @@
 #include <QPen>
 
 #include "app/numbers.h"
+#include "ui/GridLook.h"
 
 namespace ssq {
 
@@ -11,9 +12,6 @@ namespace {
 
 constexpr QRgb kPaper = qRgb(0xFF, 0xFF, 0xFF);
 constexpr QRgb kInk = qRgb(0x1E, 0x26, 0x24);
-constexpr QRgb kLine = qRgb(0xD8, 0xDE, 0xDE);
-constexpr QRgb kHeader = qRgb(0xE2, 0xEA, 0xE7);
-constexpr QRgb kHeaderLine = qRgb(0xBC, 0xC9, 0xC4);
 constexpr QRgb kFreezeLine = qRgb(0x8F, 0xA3, 0x9B);
 constexpr int kSelectionAlpha = 72;
 constexpr int kSelectionAlphaUnfocused = 44;
@@ -78,7 +76,7 @@ void GridPainter::PaintPane(const Pane& pane, const QRect& area) {
 
 void GridPainter::PaintBacks(const Pane& pane) {
     const auto& back = scene_.grid.gridBack;
-    const QColor ground = pane.fixed ? QColor(kHeader) : back ? Colour(*back) : QColor(kPaper);
+    const QColor ground = pane.fixed ? Colour(kFixedBack) : back ? Colour(*back) : QColor(kPaper);
     painter_.fillRect(pane.rect(), ground);
     for (int row = pane.rows.first; row <= pane.rows.last; ++row) {
         for (int col = pane.cols.first; col <= pane.cols.last; ++col) {
@@ -93,9 +91,9 @@ void GridPainter::PaintBacks(const Pane& pane) {
 
 void GridPainter::PaintLines(const Pane& pane) {
     const auto& own = scene_.grid.gridLines;
-    painter_.setPen(Hairline(pane.fixed ? QColor(kHeaderLine)
+    painter_.setPen(Hairline(pane.fixed ? Colour(kFixedLine)
                              : own      ? Colour(*own)
-                                        : QColor(kLine)));
+                                        : Colour(kGridLine)));
     for (int row = pane.rows.first; row <= pane.rows.last; ++row) {
         const int y = scene_.geometry.rows().End(row, scene_.scroll.y()) - 1;
         painter_.drawLine(pane.cols.begin, y, pane.cols.end, y);
@@ -149,8 +147,8 @@ void GridPainter::PaintMerges(const QRect& area) {
         if (rect.isEmpty() || !rect.intersects(area)) continue;
         const auto& back = scene_.grid.style(merge.top, merge.left).back;
         painter_.setClipRect(rect & area);
-        painter_.fillRect(rect, back ? Colour(*back) : QColor(kHeader));
-        painter_.setPen(Hairline(QColor(kHeaderLine)));
+        painter_.fillRect(rect, back ? Colour(*back) : Colour(kFixedBack));
+        painter_.setPen(Hairline(Colour(kFixedLine)));
         painter_.drawLine(rect.right(), rect.top(), rect.right(), rect.bottom());
         painter_.drawLine(rect.left(), rect.bottom(), rect.right(), rect.bottom());
         PaintText(merge.top, merge.left, rect);
