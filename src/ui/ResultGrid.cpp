@@ -84,6 +84,12 @@ void ResultGrid::SetFontSize(int row, int col, int points) {
     SetFont(row, col, style(row, col).fontName, points);
 }
 
+void ResultGrid::SetMark(int row, int col, Rgb colour) {
+    CellStyle changed = style(row, col);
+    changed.mark = colour;
+    SetStyle(row, col, std::move(changed));
+}
+
 std::optional<int> ResultGrid::rowHeight(int row) const { return Find(rowHeights_, row); }
 
 void ResultGrid::SetRowHeight(int row, int twips) {
@@ -102,6 +108,10 @@ void ResultGrid::SetColWidth(int col, int twips) {
 
 void ResultGrid::SetColWidths(int first, int last, int twips) {
     for (int col = first; col <= last; ++col) SetColWidth(col, twips);
+}
+
+void ResultGrid::SetEvenCols(int first, int last) {
+    if (first >= 0 && first <= last && last < cols_) evenCols_.push_back({first, last});
 }
 
 Align ResultGrid::alignment(int col) const {
