@@ -3,8 +3,10 @@
 #include <QDialog>
 
 #include "app/frmHistory.h"
+#include "app/frmMainPopups.h"
 #include "banker/frmXUEXI.h"
 #include "banker/frmxxjl.h"
+#include "charts/frmZST.h"
 
 namespace ssq {
 
@@ -21,6 +23,7 @@ const std::map<QString, MakePanel>& Makers() {
     static const std::map<QString, MakePanel> kMakers = {
         {QStringLiteral("frmHistory"), Make<frmHistory>},
         {QStringLiteral("frmXUEXI"), Make<frmXUEXI>},
+        {QStringLiteral("frmZST"), Make<frmZST>},
         {QStringLiteral("frmxxjl"), Make<frmxxjl>},
     };
     return kMakers;
@@ -38,7 +41,10 @@ bool PanelRegistry::Knows(const QString& name) {
 
 QWidget& PanelRegistry::Get(const QString& name) {
     std::unique_ptr<QWidget>& panel = open_[name];
-    if (!panel) panel = Makers().at(name)(context_, nullptr);
+    if (!panel) {
+        panel = Makers().at(name)(context_, nullptr);
+        AttachPopup(context_, *panel);
+    }
     return *panel;
 }
 

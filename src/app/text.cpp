@@ -8,9 +8,13 @@ namespace {
 
 constexpr std::string_view kWhiteSpace = " \t\r\n";
 
-char LowerLetter(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+char LowerLetter(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
-bool StartsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }
+bool StartsCharacter(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+}
 
 // Byte offset of character number `index`, counted from 0; the size when the text is shorter.
 std::size_t CharacterOffset(std::string_view text, std::size_t index) {

@@ -29,14 +29,7 @@ frmZST::frmZST(const PanelContext& context, QWidget* parent) : QWidget(parent), 
         if (button != Qt::LeftButton) return;
         vs1_->Edit([&](ResultGrid& grid) { TogglePick(grid, pickRowList_, row, col); });
     };
-    vs1_->onPopup = [this](const QPoint& place) {
-        if (onPopup) onPopup(place);
-    };
     FillIssueCombos(context_, *cboSdate_, *cboEdate_, true);
-}
-
-void frmZST::HideChart(bool hidden) {
-    vs1_->Edit([hidden](ResultGrid& grid) { HideNumbers(grid, hidden); });
 }
 
 void frmZST::Analyse() {

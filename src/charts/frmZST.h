@@ -2,14 +2,12 @@
 #pragma once
 
 #include <QWidget>
-#include <functional>
 #include <string>
 
 #include "ui/qt/PanelContext.h"
 
 class QComboBox;
 class QGroupBox;
-class QPoint;
 
 namespace ssq {
 
@@ -19,14 +17,6 @@ class IssueCombo;
 class frmZST final : public QWidget {
   public:
     explicit frmZST(const PanelContext& context, QWidget* parent = nullptr);
-
-    GridView& grid() { return *vs1_; }
-
-    // Hides or shows the columns of the numbers 1 to 33.
-    void HideChart(bool hidden);
-
-    // The right button on the grid: the main window raises the menu "表格" at this place.
-    std::function<void(const QPoint& place)> onPopup;
 
   private:
     void Analyse();

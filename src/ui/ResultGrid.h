@@ -125,8 +125,8 @@ class ResultGrid {
     int col_ = -1;
     int rowSel_ = -1;
     int colSel_ = -1;
-    std::vector<std::string> cells_;         // row after row
-    std::vector<std::uint16_t> styleOf_;     // index into styles_, one per cell
+    std::vector<std::string> cells_;      // row after row
+    std::vector<std::uint16_t> styleOf_;  // index into styles_, one per cell
     std::vector<CellStyle> styles_{CellStyle{}};
     std::map<CellStyle, std::uint16_t> styleIndex_{{CellStyle{}, 0}};
     std::map<int, int> rowHeights_;
