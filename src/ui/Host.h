@@ -41,8 +41,8 @@ class Host {
         return !stopping_;
     }
 
-    // Yield for steps that are long themselves, such as the fetch of a page: hands control over
-    // at once.
+    // Yield for steps that take some ms each, such as the fetch of a page: looks at the clock every
+    // time.
     [[nodiscard]] bool YieldNow() {
         LookAtClock();
         return !stopping_;
