@@ -62,6 +62,7 @@ Value ReadColumn(sqlite3_stmt* row, int column) {
 int ReadRows(sqlite3_stmt* statement, Recordset& recordset) {
     const int columns = sqlite3_column_count(statement);
     std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(columns));
     for (int column = 0; column < columns; ++column) {
         names.emplace_back(sqlite3_column_name(statement, column));
     }
