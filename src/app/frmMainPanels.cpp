@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+#include "acquire/frmSale.h"
 #include "app/frmHistory.h"
 #include "app/frmMainPopups.h"
 #include "banker/frmXUEXI.h"
@@ -22,6 +23,7 @@ std::unique_ptr<QWidget> Make(const PanelContext& context, QWidget* parent) {
 const std::map<QString, MakePanel>& Makers() {
     static const std::map<QString, MakePanel> kMakers = {
         {QStringLiteral("frmHistory"), Make<frmHistory>},
+        {QStringLiteral("frmSale"), Make<frmSale>},
         {QStringLiteral("frmXUEXI"), Make<frmXUEXI>},
         {QStringLiteral("frmZST"), Make<frmZST>},
         {QStringLiteral("frmxxjl"), Make<frmxxjl>},
