@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPushButton>
 
 #include "app/Public_var.h"
 #include "app/public_fun.h"

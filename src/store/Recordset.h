@@ -16,10 +16,10 @@ std::string ValueText(const Value& value);
 
 // Names a field by position (from 0) or by name, without regard to case.
 struct FieldKey {
-    FieldKey(int fieldPosition) : position(fieldPosition) {}        // NOLINT: meant to convert
-    FieldKey(std::string_view fieldName) : name(fieldName) {}       // NOLINT
-    FieldKey(const char* fieldName) : name(fieldName) {}            // NOLINT
-    FieldKey(const std::string& fieldName) : name(fieldName) {}     // NOLINT
+    FieldKey(int fieldPosition) : position(fieldPosition) {}     // NOLINT: meant to convert
+    FieldKey(std::string_view fieldName) : name(fieldName) {}    // NOLINT
+    FieldKey(const char* fieldName) : name(fieldName) {}         // NOLINT
+    FieldKey(const std::string& fieldName) : name(fieldName) {}  // NOLINT
 
     int position = -1;
     std::string_view name;
@@ -45,9 +45,9 @@ class Recordset {
     // Of the current row.
     const Value& Field(const FieldKey& key) const;
     bool IsNull(const FieldKey& key) const;
-    std::string Text(const FieldKey& key) const;     // null gives an empty text
-    std::int64_t Int(const FieldKey& key) const;     // null gives 0, decimals are cut off
-    double Number(const FieldKey& key) const;        // null gives 0, a text its leading number
+    std::string Text(const FieldKey& key) const;  // null gives an empty text
+    std::int64_t Int(const FieldKey& key) const;  // null gives 0, decimals are cut off
+    double Number(const FieldKey& key) const;     // null gives 0, a text its leading number
 
   private:
     std::vector<std::string> names_;

@@ -40,8 +40,6 @@ class Connection {
     bool OpenQuery(const std::string& sql, std::string& errorText, Recordset& recordset);
 
   private:
-    friend class WriteBatch;
-
     struct Closer {
         void operator()(sqlite3* database) const;
     };

@@ -11,7 +11,8 @@ struct Session;
 
 // While a WriteBatch lives, the statements of its run share a transaction, which is committed at
 // the batch's end and before each pump of the event loop (a box included). What was executed
-// before a failure is kept. Batches nest as runs do.
+// before a failure is kept; a commit that fails is told with the store's text. Batches nest as runs
+// do.
 class WriteBatch final : public PumpListener {
   public:
     explicit WriteBatch(Session& session);
@@ -23,7 +24,12 @@ class WriteBatch final : public PumpListener {
     void AfterPump() override;
 
   private:
+    void Begin();
+    void Commit();
+
     Session& session_;
+    bool isOpen_ = false;
+    std::string commitError_;  // shown once the batch has ended
 };
 
 }  // namespace ssq

@@ -1,0 +1,23 @@
+// The dialect that the panels speak, in the store's own words.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+struct sqlite3;
+
+namespace ssq {
+
+// Translates one statement by tokens, never inside quotes:
+//   select top N ...     becomes  select ... limit N, at the end of that select
+//   a mod b              becomes  a % b
+//   ... order by x       gains    , rowid where the select reads one table only, so that rows that
+//                                 tie come in insertion order; `isTable` tells a table from a view
+std::string TranslateStatement(std::string_view sql,
+                               const std::function<bool(std::string_view)>& isTable);
+
+// Adds the functions mid, int and day to a connection.
+void RegisterFunctions(sqlite3* database);
+
+}  // namespace ssq

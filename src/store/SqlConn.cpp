@@ -1,0 +1,186 @@
+#include "store/SqlConn.h"
+
+#include <sqlite3.h>
+
+#include <optional>
+#include <vector>
+
+#include "app/Public_var.h"
+#include "app/text.h"
+#include "store/Dialect.h"
+#include "ui/Host.h"
+
+namespace ssq {
+
+namespace {
+
+constexpr int kBusyWaitMs = 500;
+constexpr const char* kClosedText = "数据库没有打开！";
+
+struct Finalizer {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using Statement = std::unique_ptr<sqlite3_stmt, Finalizer>;
+
+// Compiles the first statement of `sql`; `rest` is what stands behind it.
+Statement Prepare(sqlite3* database, const std::string& sql, std::string_view& rest) {
+    sqlite3_stmt* raw = nullptr;
+    const char* tail = nullptr;
+    sqlite3_prepare_v2(database, sql.data(), static_cast<int>(sql.size()), &raw, &tail);
+    rest = tail ? std::string_view(tail, static_cast<std::size_t>(sql.data() + sql.size() - tail))
+                : std::string_view();
+    return Statement(raw);
+}
+
+bool IsTable(sqlite3* database, std::string_view name) {
+    std::string_view rest;
+    const Statement query =
+        Prepare(database,
+                "select 1 from sqlite_master where type='table' and name=?1 collate nocase", rest);
+    if (!query) return false;
+    sqlite3_bind_text(query.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
+    return sqlite3_step(query.get()) == SQLITE_ROW;
+}
+
+Value ReadColumn(sqlite3_stmt* row, int column) {
+    switch (sqlite3_column_type(row, column)) {
+        case SQLITE_INTEGER:
+            return std::int64_t{sqlite3_column_int64(row, column)};
+        case SQLITE_FLOAT:
+            return sqlite3_column_double(row, column);
+        case SQLITE_NULL:
+            return std::monostate{};
+        default: {
+            const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
+            const int size = sqlite3_column_bytes(row, column);
+            return std::string(text ? text : "", static_cast<std::size_t>(text ? size : 0));
+        }
+    }
+}
+
+// Steps through the statement and keeps all its rows. Returns SQLITE_DONE or an error's code.
+int ReadRows(sqlite3_stmt* statement, Recordset& recordset) {
+    const int columns = sqlite3_column_count(statement);
+    std::vector<std::string> names;
+    for (int column = 0; column < columns; ++column) {
+        names.emplace_back(sqlite3_column_name(statement, column));
+    }
+    std::vector<Value> values;
+    int code = sqlite3_step(statement);
+    for (; code == SQLITE_ROW; code = sqlite3_step(statement)) {
+        for (int column = 0; column < columns; ++column) {
+            values.push_back(ReadColumn(statement, column));
+        }
+    }
+    if (code == SQLITE_DONE) recordset = Recordset(std::move(names), std::move(values));
+    return code;
+}
+
+// What is wrong with the file behind an open connection; empty when nothing is.
+std::string FindFault(sqlite3* database, const std::filesystem::path& file) {
+    std::error_code unreadable;
+    if (std::filesystem::file_size(file, unreadable) == 0) {
+        return sqlite3_errstr(SQLITE_NOTADB);
+    }
+    std::string_view rest;
+    const Statement check = Prepare(database, "pragma quick_check(1)", rest);
+    if (!check || sqlite3_step(check.get()) != SQLITE_ROW) return sqlite3_errmsg(database);
+    const std::string verdict = ValueText(ReadColumn(check.get(), 0));
+    return verdict == "ok" ? std::string() : verdict;
+}
+
+}  // namespace
+
+void Connection::Closer::operator()(sqlite3* database) const {
+    sqlite3_close_v2(database);
+}
+
+Connection::Connection() : closedText_(kClosedText) {}
+
+Connection::~Connection() = default;
+
+bool Connection::Open(const std::filesystem::path& file, std::string& errorText) {
+    Close();
+    sqlite3* raw = nullptr;
+    const int code = sqlite3_open_v2(file.string().c_str(), &raw, SQLITE_OPEN_READWRITE, nullptr);
+    std::unique_ptr<sqlite3, Closer> database(raw);
+    std::string fault;
+    if (code != SQLITE_OK) {
+        fault = raw ? sqlite3_errmsg(raw) : sqlite3_errstr(code);
+    } else {
+        sqlite3_busy_timeout(raw, kBusyWaitMs);
+        fault = FindFault(raw, file);
+    }
+    if (!fault.empty()) {
+        closedText_ = file.string() + ": " + fault;
+        errorText = closedText_;
+        return false;
+    }
+    // A file that cannot be written can still be read, so a refused journal mode is no fault.
+    sqlite3_exec(raw, "pragma journal_mode=wal; pragma synchronous=full", nullptr, nullptr,
+                 nullptr);
+    RegisterFunctions(raw);
+    database_ = std::move(database);
+    return true;
+}
+
+void Connection::Close() {
+    database_.reset();
+    closedText_ = kClosedText;
+}
+
+bool Connection::OpenQuery(const std::string& sql, std::string& errorText, Recordset& recordset) {
+    recordset.Clear();
+    if (!database_) {
+        errorText = closedText_;
+        return false;
+    }
+    sqlite3* database = database_.get();
+    const std::string translated = TranslateStatement(
+        Trim(sql), [database](std::string_view name) { return IsTable(database, name); });
+    std::string_view rest;
+    const Statement statement = Prepare(database, translated, rest);
+    if (!statement) {
+        errorText =
+            sqlite3_errcode(database) == SQLITE_OK ? "SQL语句为空！" : sqlite3_errmsg(database);
+        return false;
+    }
+    if (!Trim(rest).empty()) {
+        errorText = "SQL语句结束后还有多余的字符！";
+        return false;
+    }
+    if (ReadRows(statement.get(), recordset) != SQLITE_DONE) {
+        errorText = sqlite3_errmsg(database);
+        return false;
+    }
+    return true;
+}
+
+void OpenDatabase(Session& session) {
+    std::string errorText;
+    if (!session.connection.Open(session.programFolder / "data" / "ssq.mdb", errorText)) {
+        session.host.ShowMessage(errorText);
+    }
+}
+
+bool QueryOrTell(Session& session, const std::string& sql, Recordset& recordset) {
+    std::string errorText;
+    if (session.connection.OpenQuery(sql, errorText, recordset)) return true;
+    session.host.ShowMessage(errorText);
+    return false;
+}
+
+bool ExecuteOrTell(Session& session, const std::string& sql) {
+    Recordset nothing;
+    return QueryOrTell(session, sql, nothing);
+}
+
+bool TableExists(Session& session, const std::string& name) {
+    std::string errorText;
+    Recordset count;
+    if (session.connection.OpenQuery("Select count(*) from " + name, errorText, count)) return true;
+    if (!Contains(errorText, name)) session.host.ShowMessage(errorText);
+    return false;
+}
+
+}  // namespace ssq
