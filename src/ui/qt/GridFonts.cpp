@@ -1,0 +1,77 @@
+#include "ui/qt/GridFonts.h"
+
+#include <algorithm>
+
+namespace ssq {
+
+namespace {
+
+// Columns that a character takes in a fixed-pitch font: ASCII one, everything else two.
+int EstimatedLength(const std::string& text) {
+    int length = 0;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 0x80) length += 1;
+        if (byte >= 0xC0) length += 2;
+    }
+    return length;
+}
+
+bool MergesWithNeighbour(const ResultGrid& grid, int row, int col) {
+    if (!grid.mergeRow(row)) return false;
+    const std::string& text = grid.cell(row, col);
+    return text == grid.cell(row, col - 1) || text == grid.cell(row, col + 1);
+}
+
+}  // namespace
+
+const GridFonts::Face& GridFonts::For(const CellStyle& style) {
+    const Key key{style.fontName, style.fontSize, style.bold};
+    const auto found = faces_.find(key);
+    if (found != faces_.end()) return found->second;
+    QFont font = base_;
+    if (!style.fontName.empty()) font.setFamily(QString::fromStdString(style.fontName));
+    if (style.fontSize > 0) font.setPointSize(style.fontSize);
+    font.setBold(style.bold);
+    return faces_.emplace(key, Face{font, QFontMetrics(font)}).first->second;
+}
+
+QString CellText(const std::string& text) {
+    QString line = QString::fromStdString(text);
+    for (QChar& c : line) {
+        if (c == u'\n' || c == u'\r' || c == u'\t') c = u' ';
+    }
+    return line;
+}
+
+int FittedColWidth(const ResultGrid& grid, int col, GridFonts& fonts) {
+    constexpr int kSmallest = 24;
+    constexpr int kLargest = 400;
+    constexpr int kOfEmptyColumn = 67;
+    constexpr int kLine = 1;
+    constexpr int kAir = 2;
+
+    int widest = 0;
+    const auto measure = [&](int row) {
+        const auto& face = fonts.For(grid.style(row, col));
+        widest = std::max(widest, face.metrics.horizontalAdvance(CellText(grid.cell(row, col))));
+    };
+    const int fixedRows = std::min(grid.fixedRows(), grid.rows());
+    for (int row = 0; row < fixedRows; ++row) {
+        if (!MergesWithNeighbour(grid, row, col)) measure(row);
+    }
+    int longestRow = -1;
+    int longest = 0;
+    for (int row = fixedRows; row < grid.rows(); ++row) {
+        const int length = EstimatedLength(grid.cell(row, col));
+        if (length > longest) {
+            longest = length;
+            longestRow = row;
+        }
+    }
+    if (longestRow >= 0) measure(longestRow);
+    if (widest == 0) return kOfEmptyColumn;
+    return std::clamp(widest + 2 * (kCellPadding + kAir) + kLine, kSmallest, kLargest);
+}
+
+}  // namespace ssq

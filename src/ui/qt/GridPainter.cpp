@@ -1,0 +1,207 @@
+#include "ui/qt/GridPainter.h"
+
+#include <QPainter>
+#include <QPen>
+
+#include "app/numbers.h"
+
+namespace ssq {
+
+namespace {
+
+constexpr QRgb kPaper = qRgb(0xFF, 0xFF, 0xFF);
+constexpr QRgb kInk = qRgb(0x1E, 0x26, 0x24);
+constexpr QRgb kLine = qRgb(0xD8, 0xDE, 0xDE);
+constexpr QRgb kHeader = qRgb(0xE2, 0xEA, 0xE7);
+constexpr QRgb kHeaderLine = qRgb(0xBC, 0xC9, 0xC4);
+constexpr QRgb kFreezeLine = qRgb(0x8F, 0xA3, 0x9B);
+constexpr int kSelectionAlpha = 72;
+constexpr int kSelectionAlphaUnfocused = 44;
+
+QColor Colour(const Rgb& rgb) {
+    return {rgb.red, rgb.green, rgb.blue};
+}
+
+QRect Rect(const PixelRect& rect) {
+    return {rect.x, rect.y, rect.width, rect.height};
+}
+
+// One device pixel wide whatever the scale of the screen.
+QPen Hairline(const QColor& colour) {
+    QPen pen(colour, 0);
+    pen.setCosmetic(true);
+    return pen;
+}
+
+Qt::Alignment HorizontalAlignment(const ResultGrid& grid, int row, int col) {
+    switch (grid.alignment(col)) {
+        case Align::kCentre:
+            return Qt::AlignHCenter;
+        case Align::kLeft:
+            return Qt::AlignLeft;
+        case Align::kGeneral:
+            break;
+    }
+    return IsNumeric(grid.cell(row, col)) ? Qt::AlignRight : Qt::AlignLeft;
+}
+
+}  // namespace
+
+QRect GridPainter::Pane::rect() const {
+    return {cols.begin, rows.begin, cols.end - cols.begin, rows.end - rows.begin};
+}
+
+void GridPainter::Paint(const QRect& area) {
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+    painter_.fillRect(area, QColor(kPaper));
+    const auto rowStrips = scene_.geometry.rows().Strips(scene_.scroll.y(), scene_.view.height());
+    const auto colStrips = scene_.geometry.cols().Strips(scene_.scroll.x(), scene_.view.width());
+    for (std::size_t down = 0; down < rowStrips.size(); ++down) {
+        for (std::size_t across = 0; across < colStrips.size(); ++across) {
+            PaintPane({rowStrips[down], colStrips[across], down == 0 || across == 0}, area);
+        }
+    }
+    painter_.setClipRect(area);
+    PaintMerges(area);
+    PaintFreezeLines(area);
+    PaintSelection(area);
+}
+
+void GridPainter::PaintPane(const Pane& pane, const QRect& area) {
+    const QRect clip = pane.rect() & area;
+    if (clip.isEmpty()) return;
+    painter_.setClipRect(clip);
+    PaintBacks(pane);
+    PaintLines(pane);
+    PaintTexts(pane);
+}
+
+void GridPainter::PaintBacks(const Pane& pane) {
+    const auto& back = scene_.grid.gridBack;
+    const QColor ground = pane.fixed ? QColor(kHeader) : back ? Colour(*back) : QColor(kPaper);
+    painter_.fillRect(pane.rect(), ground);
+    for (int row = pane.rows.first; row <= pane.rows.last; ++row) {
+        for (int col = pane.cols.first; col <= pane.cols.last; ++col) {
+            const auto& cellBack = scene_.grid.style(row, col).back;
+            if (!cellBack) continue;
+            const PixelRect rect =
+                scene_.geometry.CellRect(row, col, scene_.scroll.x(), scene_.scroll.y());
+            painter_.fillRect(Rect(rect), Colour(*cellBack));
+        }
+    }
+}
+
+void GridPainter::PaintLines(const Pane& pane) {
+    const auto& own = scene_.grid.gridLines;
+    painter_.setPen(Hairline(pane.fixed ? QColor(kHeaderLine)
+                             : own      ? Colour(*own)
+                                        : QColor(kLine)));
+    for (int row = pane.rows.first; row <= pane.rows.last; ++row) {
+        const int y = scene_.geometry.rows().End(row, scene_.scroll.y()) - 1;
+        painter_.drawLine(pane.cols.begin, y, pane.cols.end, y);
+    }
+    for (int col = pane.cols.first; col <= pane.cols.last; ++col) {
+        if (scene_.geometry.cols().size(col) == 0) continue;
+        const int x = scene_.geometry.cols().End(col, scene_.scroll.x()) - 1;
+        painter_.drawLine(x, pane.rows.begin, x, pane.rows.end);
+    }
+}
+
+void GridPainter::PaintTexts(const Pane& pane) {
+    for (int row = pane.rows.first; row <= pane.rows.last; ++row) {
+        for (int col = pane.cols.first; col <= pane.cols.last; ++col) {
+            if (scene_.grid.cell(row, col).empty()) continue;
+            const PixelRect rect =
+                scene_.geometry.CellRect(row, col, scene_.scroll.x(), scene_.scroll.y());
+            if (!rect.empty()) PaintText(row, col, Rect(rect));
+        }
+    }
+}
+
+void GridPainter::PaintText(int row, int col, const QRect& rect) {
+    const CellStyle& style = scene_.grid.style(row, col);
+    const GridFonts::Face& face = fonts_.For(style);
+    const QRect inner = rect.adjusted(kCellPadding, 0, -kCellPadding - 1, -1);
+    QString text = CellText(scene_.grid.cell(row, col));
+    int width = face.metrics.horizontalAdvance(text);
+    if (width > inner.width()) {
+        text = face.metrics.elidedText(text, Qt::ElideRight, inner.width());
+        width = face.metrics.horizontalAdvance(text);
+    }
+    int x = inner.left();
+    const bool cut = width > inner.width();
+    const Qt::Alignment alignment =
+        cut ? Qt::AlignLeft : HorizontalAlignment(scene_.grid, row, col);
+    if (alignment == Qt::AlignHCenter) x += (inner.width() - width) / 2;
+    if (alignment == Qt::AlignRight) x += inner.width() - width;
+    const int y = inner.top() + (inner.height() - face.metrics.height() + 1) / 2;
+
+    painter_.setPen(style.fore ? Colour(*style.fore) : QColor(kInk));
+    painter_.setFont(face.font);
+    painter_.drawText(QPoint(x, y + face.metrics.ascent()), text);
+}
+
+void GridPainter::PaintMerges(const QRect& area) {
+    for (const CellRange& merge : scene_.geometry.merges()) {
+        const QRect rect =
+            Rect(scene_.geometry.VisibleRect(merge, scene_.scroll.x(), scene_.scroll.y(),
+                                             scene_.view.width(), scene_.view.height()));
+        if (rect.isEmpty() || !rect.intersects(area)) continue;
+        const auto& back = scene_.grid.style(merge.top, merge.left).back;
+        painter_.setClipRect(rect & area);
+        painter_.fillRect(rect, back ? Colour(*back) : QColor(kHeader));
+        painter_.setPen(Hairline(QColor(kHeaderLine)));
+        painter_.drawLine(rect.right(), rect.top(), rect.right(), rect.bottom());
+        painter_.drawLine(rect.left(), rect.bottom(), rect.right(), rect.bottom());
+        PaintText(merge.top, merge.left, rect);
+    }
+    painter_.setClipRect(area);
+}
+
+void GridPainter::PaintFreezeLines(const QRect& area) {
+    const GridAxis& rows = scene_.geometry.rows();
+    const GridAxis& cols = scene_.geometry.cols();
+    const int right = std::min(cols.extent() - scene_.scroll.x(), scene_.view.width());
+    const int bottom = std::min(rows.extent() - scene_.scroll.y(), scene_.view.height());
+    painter_.setClipRect(area);
+    painter_.setPen(Hairline(QColor(kFreezeLine)));
+    if (rows.fixedExtent() > 0) {
+        painter_.drawLine(0, rows.fixedExtent() - 1, right - 1, rows.fixedExtent() - 1);
+    }
+    if (cols.fixedExtent() > 0) {
+        painter_.drawLine(cols.fixedExtent() - 1, 0, cols.fixedExtent() - 1, bottom - 1);
+    }
+}
+
+void GridPainter::PaintSelection(const QRect& area) {
+    const CellRange range = SelectedRange(scene_.grid);
+    if (range.bottom < range.top) return;
+    const auto visible = [&](const CellRange& cells) {
+        return Rect(scene_.geometry.VisibleRect(cells, scene_.scroll.x(), scene_.scroll.y(),
+                                                scene_.view.width(), scene_.view.height()));
+    };
+    QColor shade = scene_.highlight;
+    shade.setAlpha(scene_.focused ? kSelectionAlpha : kSelectionAlphaUnfocused);
+    const QRect rect = visible(range);
+    if (!rect.isEmpty()) painter_.fillRect(rect & area, shade);
+
+    const int row = scene_.grid.row();
+    const int col = scene_.grid.col();
+    const QRect shown = visible({row, col, row, col});
+    if (shown.isEmpty()) return;
+    const QRect cell =
+        Rect(scene_.geometry.CellRect(row, col, scene_.scroll.x(), scene_.scroll.y()));
+    painter_.setClipRect(shown & area);
+    painter_.setBrush(Qt::NoBrush);
+    painter_.setPen(Hairline(scene_.highlight.darker()));
+    painter_.drawRect(cell.adjusted(0, 0, -2, -2));
+    painter_.drawRect(cell.adjusted(1, 1, -3, -3));
+}
+
+bool TextIsClipped(const ResultGrid& grid, int row, int col, int width, GridFonts& fonts) {
+    const auto& face = fonts.For(grid.style(row, col));
+    return face.metrics.horizontalAdvance(CellText(grid.cell(row, col))) >
+           width - 2 * kCellPadding - 1;
+}
+
+}  // namespace ssq

@@ -1,0 +1,60 @@
+// Draws the part of a ResultGrid that a view shows, straight from the store.
+#pragma once
+
+#include <QColor>
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+
+#include "ui/GridGeometry.h"
+#include "ui/ResultGrid.h"
+#include "ui/qt/GridFonts.h"
+
+class QPainter;
+
+namespace ssq {
+
+struct GridScene {
+    const ResultGrid& grid;
+    const GridGeometry& geometry;
+    QPoint scroll;
+    QSize view;
+    bool focused = false;
+    QColor highlight;
+};
+
+class GridPainter {
+  public:
+    GridPainter(const GridScene& scene, GridFonts& fonts, QPainter& painter)
+        : scene_(scene), fonts_(fonts), painter_(painter) {}
+
+    // Draws everything inside `area` of the view.
+    void Paint(const QRect& area);
+
+  private:
+    struct Pane {
+        GridAxis::Strip rows;
+        GridAxis::Strip cols;
+        bool fixed = false;
+
+        QRect rect() const;
+    };
+
+    void PaintPane(const Pane& pane, const QRect& area);
+    void PaintBacks(const Pane& pane);
+    void PaintTexts(const Pane& pane);
+    void PaintLines(const Pane& pane);
+    void PaintMerges(const QRect& area);
+    void PaintFreezeLines(const QRect& area);
+    void PaintSelection(const QRect& area);
+    void PaintText(int row, int col, const QRect& rect);
+
+    const GridScene& scene_;
+    GridFonts& fonts_;
+    QPainter& painter_;
+};
+
+// Whether the text of a cell is cut short in a rectangle of that width.
+bool TextIsClipped(const ResultGrid& grid, int row, int col, int width, GridFonts& fonts);
+
+}  // namespace ssq
