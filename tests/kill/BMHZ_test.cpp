@@ -3,10 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <utility>
 #include <vector>
 
 #include "app/Public_var.h"
 #include "support/TestDatabase.h"
+#include "ui/Host.h"
 
 namespace ssq {
 namespace {
@@ -144,6 +147,37 @@ TEST_F(EdgeTable, EndsQuietlyWhenTheProgramIsClosed) {
     database.host().Stop();
     EXPECT_FALSE(EnsureEdgeTable(session));
     EXPECT_THAT(database.host().Texts(), IsEmpty());
+}
+
+// Does something once in the middle of a run, as the event loop can.
+class InterruptingHost final : public Host {
+  public:
+    std::function<void()> interruption;
+    std::vector<std::string> texts;
+
+  protected:
+    void DoShowBox(const std::string&, const std::string& text) override { texts.push_back(text); }
+    void DoPump() override {
+        if (interruption) std::exchange(interruption, nullptr)();
+    }
+};
+
+TEST_F(EdgeTable, SurvivesAnotherRunInItsMiddle) {
+    InterruptingHost host;
+    Session interrupted(host, session.programFolder);
+    OpenDatabase(interrupted);
+    std::int64_t rowsBefore = 0;
+    std::int64_t rowsAfter = 0;
+    host.interruption = [&] {
+        rowsBefore = Number("select count(*) from bmhz");
+        EXPECT_TRUE(EnsureEdgeTable(interrupted));
+        rowsAfter = Number("select count(*) from bmhz");
+    };
+    EXPECT_TRUE(EnsureEdgeTable(interrupted));
+    EXPECT_THAT(host.texts, IsEmpty());
+    EXPECT_LT(rowsBefore, rowsAfter);
+    EXPECT_EQ(rowsAfter, Number("select count(*) from cphm where kjqh>2003011"));
+    EXPECT_EQ(Number("select count(*) from bmhz"), rowsAfter);
 }
 
 TEST_F(EdgeTable, RenumbersWhatIsOutOfPlaceOnly) {

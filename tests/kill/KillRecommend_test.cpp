@@ -90,7 +90,7 @@ TEST_F(KillRecommendTest, ShowsEachDrawTheForecastAndTheRates) {
 }
 
 TEST_F(KillRecommendTest, FollowsTheSizeOfTheStoredSetAndTheTolerance) {
-    Execute("update vqs set rc=1 where itype=1");
+    Execute("update vqs set rc=2 where itype=1");
     struct Case {
         const char* dsgs;
         int cols;
@@ -102,15 +102,13 @@ TEST_F(KillRecommendTest, FollowsTheSizeOfTheStoredSetAndTheTolerance) {
         Learned(c.dsgs);
         ASSERT_TRUE(Recommend("2020012", "2020012"));
         EXPECT_EQ(result.grid.cols(), c.cols);
-        EXPECT_EQ(result.grid.cell(1, c.cols - 1), "√");
+        EXPECT_EQ(result.grid.cell(1, c.cols - 1), "√");  // at most 03 and 04 are wrong
         std::vector<int> banded;
         for (int col = 2; col < 22; col += 6) {
             if (result.grid.style(2, col).back == kBand) banded.push_back(col);
         }
         EXPECT_EQ(banded, c.banded) << c.dsgs;
     }
-    ASSERT_TRUE(Recommend("2020011", "2020011"));
-    EXPECT_EQ(result.grid.cell(1, 27), "√");  // one wrong number is within rc
 }
 
 TEST_F(KillRecommendTest, JudgesADrawWithoutTenEarlierOnesInTheFirstKillColumns) {
