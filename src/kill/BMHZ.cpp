@@ -65,6 +65,7 @@ std::string FormulaKey(ShiftFormula formula) {
 
 std::string FormulaColumns(const std::string& suffix) {
     std::vector<std::string> columns;
+    columns.reserve(kFormulaCount);
     for (int index = 0; index < kFormulaCount; ++index) {
         columns.push_back(FormulaKey(FormulaAt(index)) + suffix);
     }

@@ -23,10 +23,10 @@ std::int64_t Combinations(int items, int taken) {
 // One bit per draw, packed into words, for every formula.
 class DrawBits {
   public:
-    DrawBits(const HitMatrix& matrix, int words, bool (*holds)(int hits))
-        : words_(words), bits_(static_cast<std::size_t>(kFormulaCount * words)) {
+    DrawBits(const HitMatrix& matrix, std::size_t words, bool (*holds)(int hits))
+        : words_(words), bits_(kFormulaCount * words) {
         for (int formula = 0; formula < kFormulaCount; ++formula) {
-            Word* row = bits_.data() + formula * words;
+            Word* row = bits_.data() + static_cast<std::size_t>(formula) * words;
             for (int draw = 0; draw < matrix.draws(); ++draw) {
                 if (holds(matrix.hits(draw, formula)))
                     row[draw / kWordBits] |= Word{1} << draw % kWordBits;
@@ -34,10 +34,12 @@ class DrawBits {
         }
     }
 
-    const Word* of(int formula) const { return bits_.data() + formula * words_; }
+    const Word* of(int formula) const {
+        return bits_.data() + static_cast<std::size_t>(formula) * words_;
+    }
 
   private:
-    int words_;
+    std::size_t words_;
     std::vector<Word> bits_;
 };
 
@@ -49,14 +51,13 @@ class DrawBits {
 class Search {
   public:
     Search(const HitMatrix& matrix, const KillGoal& goal, const KillSearchStep& step)
-        : words_((matrix.draws() + kWordBits - 1) / kWordBits),
+        : words_(static_cast<std::size_t>((matrix.draws() + kWordBits - 1) / kWordBits)),
           draws_(matrix.draws()),
           goal_(goal),
           step_(step),
           zero_(matrix, words_, [](int hits) { return hits == 0; }),
           ok_(matrix, words_, [](int hits) { return hits <= 1; }) {
-        for (auto& level : slack_)
-            level.resize(static_cast<std::size_t>((kLargestKillSet + 1) * words_));
+        for (auto& level : slack_) level.resize((kLargestKillSet + 1) * words_);
         for (int s = 0; s <= goal.setSize; ++s) {
             if (goal.rc >= s) std::fill_n(At(0, s), words_, ~Word{0});
         }
@@ -70,7 +71,8 @@ class Search {
 
   private:
     Word* At(int depth, int slack) {
-        return slack_[static_cast<std::size_t>(depth)].data() + slack * words_;
+        return slack_[static_cast<std::size_t>(depth)].data() +
+               static_cast<std::size_t>(slack) * words_;
     }
 
     // The fewest passed draws that a set needs to be taken now.
@@ -84,7 +86,7 @@ class Search {
     int PrefixPasses(int depth) {
         const Word* draws = At(depth, 0);
         int passes = 0;
-        for (int w = 0; w < words_; ++w) passes += std::popcount(draws[w]);
+        for (std::size_t w = 0; w < words_; ++w) passes += std::popcount(draws[w]);
         return passes;
     }
 
@@ -96,7 +98,8 @@ class Search {
             const Word* same = At(depth, s);
             const Word* stricter = At(depth, s + 1);
             Word* next = At(depth + 1, s);
-            for (int w = 0; w < words_; ++w) next[w] = ok[w] & (stricter[w] | (same[w] & zero[w]));
+            for (std::size_t w = 0; w < words_; ++w)
+                next[w] = ok[w] & (stricter[w] | (same[w] & zero[w]));
         }
     }
 
@@ -122,7 +125,7 @@ class Search {
             const Word* zero = zero_.of(formula);
             const Word* ok = ok_.of(formula);
             int passes = 0;
-            for (int w = 0; w < words_; ++w)
+            for (std::size_t w = 0; w < words_; ++w)
                 passes += std::popcount(ok[w] & (stricter[w] | (same[w] & zero[w])));
             if (passes >= needed_) Take(depth, formula, passes);
         }
@@ -137,7 +140,7 @@ class Search {
         RaiseNeeded();
     }
 
-    int words_;
+    std::size_t words_;
     int draws_;
     KillGoal goal_;
     const KillSearchStep& step_;

@@ -26,17 +26,11 @@ class KillLearningTest : public testing::Test {
         return KillLearn(session, end, view).outcome;
     }
     void Set(const std::string& xxqs, int dmgs, int rc, const std::string& rate) {
-        Execute("delete from vqs where itype=1");
-        Execute("insert into vqs(xxqs,dmgs,rc,setRate,itype) values(" + xxqs + "," +
-                std::to_string(dmgs) + "," + std::to_string(rc) + "," + rate + ",1)");
+        database.Run("delete from vqs where itype=1");
+        database.Run("insert into vqs(xxqs,dmgs,rc,setRate,itype) values(" + xxqs + "," +
+                     std::to_string(dmgs) + "," + std::to_string(rc) + "," + rate + ",1)");
     }
-    Recordset Query(const std::string& sql) {
-        Recordset rows;
-        EXPECT_TRUE(QueryOrTell(session, sql, rows)) << sql;
-        return rows;
-    }
-    std::string Text(const std::string& sql) { return Query(sql).Text(0); }
-    void Execute(const std::string& sql) { ASSERT_TRUE(ExecuteOrTell(session, sql)) << sql; }
+    std::string Text(const std::string& sql) { return database.Run(sql).Text(0); }
 
     TestDatabase database = TestDatabase::Delivered();
     Session& session = database.session();
@@ -51,7 +45,8 @@ TEST_F(KillLearningTest, StoresAndLogsTheBestPair) {
     EXPECT_THAT(told, ElementsAre("准备数据中，首次运行较慢", "准备数据完成,开始学习！", "99.99"));
 
     // Once more on the stored cells, pair by pair.
-    Recordset rows = Query("select top 10 * from bmhz where kjqh<=2020050 order by kjqh desc");
+    Recordset rows =
+        database.Run("select top 10 * from bmhz where kjqh<=2020050 order by kjqh desc");
     std::vector<std::vector<std::int64_t>> cells;
     for (; !rows.eof(); rows.MoveNext()) {
         auto& draw = cells.emplace_back();
@@ -69,9 +64,9 @@ TEST_F(KillLearningTest, StoresAndLogsTheBestPair) {
         }
     }
     EXPECT_EQ(Text("select dsgs from tDs where dstype=1"), best);
-    EXPECT_EQ(Query("select dsrate from tds").Number(0), bestPasses * 10);
+    EXPECT_EQ(database.Run("select dsrate from tds").Number(0), bestPasses * 10);
 
-    Recordset record = Query("select * from tSrecord");
+    Recordset record = database.Run("select * from tSrecord");
     ASSERT_EQ(record.recordcount(), 1);
     EXPECT_EQ(record.Text("endDate"), "2020050");
     EXPECT_EQ(record.Int("tQs"), 10);
@@ -98,7 +93,7 @@ TEST_F(KillLearningTest, TellsWhyItEnded) {
     };
     using enum KillLearnOutcome;
     const Case cases[] = {
-        {"no settings", [&] { Execute("delete from vqs where itype=1"); }, kFailed,
+        {"no settings", [&] { database.Run("delete from vqs where itype=1"); }, kFailed,
          "读取参数出错！", 1},
         {"size out of range", [&] { Set("10", 4, 0, "40"); }, kFailed, "参数错误！", 1},
         {"one draw too few", [&] { Set(rows + "+1", 0, 0, "40"); }, kFailed, "数据不足！", 0},
@@ -111,16 +106,16 @@ TEST_F(KillLearningTest, TellsWhyItEnded) {
     };
     for (const Case& c : cases) {
         c.prepare();
-        database.host().Clear();
+        database.host().boxes.clear();
         EXPECT_EQ(Learn(), c.outcome) << c.what;
         EXPECT_THAT(database.host().Texts(), ElementsAre(c.message)) << c.what;
         EXPECT_EQ(released, c.released) << c.what;
         EXPECT_EQ(Text("select dsgs from tds"), stored) << c.what;
     }
 
-    database.host().Clear();
-    Execute("drop table bmhz");
-    Execute("delete from cphm where kjqh<2020040");
+    database.host().boxes.clear();
+    database.Run("drop table bmhz");
+    database.Run("delete from cphm where kjqh<2020040");
     EXPECT_EQ(Learn(), kFailed);
     EXPECT_THAT(database.host().Texts(), ElementsAre("数据不足！", "汇总数据出错！"));
     EXPECT_EQ(released, 1);
@@ -128,7 +123,7 @@ TEST_F(KillLearningTest, TellsWhyItEnded) {
 
 TEST_F(KillLearningTest, LogsNothingThatItCouldNotStore) {
     Set("10", 0, 0, "10");
-    Execute("drop table tDs");
+    database.Run("drop table tDs");
     EXPECT_EQ(Learn(), KillLearnOutcome::kFailed);
     EXPECT_EQ(database.host().Texts().size(), 1U);
     EXPECT_EQ(Text("select count(*) from tSrecord"), "0");
@@ -156,7 +151,7 @@ TEST_F(KillLearningTest, RestoresARecord) {
     const std::string id = grid.cell(2, 0);
     ASSERT_TRUE(RestoreKillRecord(session, id));
     EXPECT_EQ(Text("select count(*) from tds"), "0");
-    Execute("insert into tds(dsgs,dsrate,dstype) values('5',40,1)");
+    database.Run("insert into tds(dsgs,dsrate,dstype) values('5',40,1)");
     ASSERT_TRUE(RestoreKillRecord(session, id));
     EXPECT_EQ(Text("select dsgs from tds"), "3,17,99");
     const auto settings = ReadKillSettings(session);
@@ -168,7 +163,7 @@ TEST_F(KillLearningTest, RestoresARecord) {
 }
 
 TEST_F(KillLearningTest, ChecksTheSettings) {
-    Execute("delete from vqs where itype=1");
+    database.Run("delete from vqs where itype=1");
     const auto save = [&](const char* xxqs, const char* rate) {
         return SaveKillSettings(session, xxqs, rate, 2, 3);
     };
@@ -183,7 +178,7 @@ TEST_F(KillLearningTest, ChecksTheSettings) {
                                                      "杀对概率只能为数字！", kRange, kRange));
     EXPECT_FALSE(ReadKillSettings(session));
 
-    database.host().Clear();
+    database.host().boxes.clear();
     EXPECT_TRUE(save(" 7.9 ", "10"));
     EXPECT_TRUE(save("7", "100.5"));
     EXPECT_THAT(database.host().Texts(), IsEmpty());

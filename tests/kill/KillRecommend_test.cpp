@@ -19,25 +19,18 @@ constexpr Rgb kMark{0xD7, 0x85, 0x6E};
 class KillRecommendTest : public testing::Test {
   protected:
     void SetUp() override {
-        Execute("delete from cphm");
         for (int draw = 1; draw <= 10; ++draw) Add(2020000 + draw, "07,08,09,10,11,12");
         Add(2020011, "06,20,21,22,23,24");
         Add(2020012, "01,02,03,04,32,33");
         Learned("0,14");
-        Execute("delete from vqs where itype=1");
-        Execute("insert into vqs(xxqs,dmgs,rc,setRate,itype) values(10,3,0,90,1)");
+        database.Run("delete from vqs where itype=1");
+        database.Run("insert into vqs(xxqs,dmgs,rc,setRate,itype) values(10,3,0,90,1)");
     }
     void Learned(const std::string& dsgs) {
-        Execute("delete from tds");
-        Execute("insert into tds(dsgs,dsrate,dstype) values('" + dsgs + "',90,1)");
+        database.Run("delete from tds");
+        database.Run("insert into tds(dsgs,dsrate,dstype) values('" + dsgs + "',90,1)");
     }
-    void Add(int issue, const std::string& reds) {
-        Execute(
-            "insert into cphm(qid,kjqh,kjhm,a1,a2,a3,a4,a5,a6,a7,kjdate,kjweek,nndate) values(" +
-            std::to_string(issue - 2020000) + "," + std::to_string(issue) + ",'" + reds +
-            "',1,2,3,4,5,6,7,'2020-02-06',5,1)");
-    }
-    void Execute(const std::string& sql) { ASSERT_TRUE(ExecuteOrTell(session, sql)) << sql; }
+    void Add(int issue, std::string_view reds) { database.AddDraw(issue, "2020-02-06", reds, 7); }
     bool Recommend(const std::string& start, const std::string& end) {
         return KillRecommend(session, {start, end}, result);
     }
@@ -49,7 +42,7 @@ class KillRecommendTest : public testing::Test {
         return text;
     }
 
-    TestDatabase database = TestDatabase::Delivered();
+    TestDatabase database;
     Session& session = database.session();
     KillRecommendation result;
 };
@@ -90,7 +83,7 @@ TEST_F(KillRecommendTest, ShowsEachDrawTheForecastAndTheRates) {
 }
 
 TEST_F(KillRecommendTest, FollowsTheSizeOfTheStoredSetAndTheTolerance) {
-    Execute("update vqs set rc=2 where itype=1");
+    database.Run("update vqs set rc=2 where itype=1");
     struct Case {
         const char* dsgs;
         int cols;
@@ -121,18 +114,18 @@ TEST_F(KillRecommendTest, JudgesADrawWithoutTenEarlierOnesInTheFirstKillColumns)
 
 TEST_F(KillRecommendTest, TellsWhatIsMissing) {
     const auto refusal = [&](const std::string& start, const std::string& end) {
-        database.host().Clear();
+        database.host().boxes.clear();
         EXPECT_FALSE(Recommend(start, end));
         EXPECT_EQ(result.grid.rows(), 0);
         return database.host().Texts();
     };
     EXPECT_THAT(refusal("2020012", "2020011"), ElementsAre("无数据！"));
     EXPECT_THAT(refusal("", "2020011"), ElementsAre("期号填写错误！"));
-    Execute("delete from vqs where itype=1");
+    database.Run("delete from vqs where itype=1");
     EXPECT_THAT(refusal("2020011", "2020012"), ElementsAre("读取参数出错！"));
     Learned("0,130");
     EXPECT_THAT(refusal("2020011", "2020012"), ElementsAre("条件错误！"));
-    Execute("delete from tds");
+    database.Run("delete from tds");
     EXPECT_THAT(refusal("2020011", "2020012"), ElementsAre("数据不足！"));
 }
 
