@@ -45,9 +45,9 @@ class DrawBits {
 
 // Depth-first over the sets in lexicographic order. For the formulas chosen so far it keeps, per
 // slack s, the draws that pass with at most rc - s single hits. One more formula turns them into
-// ok & (slack[s + 1] | slack[s] & zero), so the last one costs two words' worth of logic and a
-// population count. No set of a subtree passes more draws than its prefix does at slack 0, which
-// lets subtrees go that cannot beat the best so far.
+// ok & (slack[s + 1] | slack[s] & zero), so the last one costs a few logic operations and a
+// population count per word. No set of a subtree passes more draws than its prefix does at slack
+// 0, which lets subtrees go that cannot beat the best so far.
 class Search {
   public:
     Search(const HitMatrix& matrix, const KillGoal& goal, const KillSearchStep& step)

@@ -40,9 +40,6 @@ frmSHAMA::frmSHAMA(const PanelContext& context, QWidget* parent)
     resultGroup_ =
         AddGroup(column, "Frame2", QStringLiteral("杀码统计结果(注意：概率降低请重新学习)"));
     vs1_ = AddGrid(resultGroup_, "vs1");
-    vs1_->onPopup = [this](const QPoint& place) {
-        if (onPopup) onPopup(place);
-    };
     Load();
 }
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QWidget>
-#include <functional>
 #include <string>
 
 #include "ui/qt/PanelContext.h"
@@ -19,11 +18,6 @@ class ProgressStrip;
 class frmSHAMA final : public QWidget {
   public:
     explicit frmSHAMA(const PanelContext& context, QWidget* parent = nullptr);
-
-    GridView& grid() { return *vs1_; }
-
-    // The right button on the grid, with the place on the screen.
-    std::function<void(const QPoint& place)> onPopup;
 
     // Recommends for the `periods` draws that end with `endIssue`.
     void CallCommand1(const std::string& endIssue, int periods);
