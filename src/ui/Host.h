@@ -41,6 +41,13 @@ class Host {
         return !stopping_;
     }
 
+    // Yield for steps that take some ms each, such as the fetch of a page: looks at the clock every
+    // time.
+    [[nodiscard]] bool YieldNow() {
+        LookAtClock();
+        return !stopping_;
+    }
+
     // From now on Yield answers false and no box appears.
     void Stop() { stopping_ = true; }
     bool stopping() const { return stopping_; }
@@ -52,8 +59,12 @@ class Host {
   protected:
     virtual void DoShowBox(const std::string& title, const std::string& text) = 0;
     virtual void DoPump() = 0;
+    // The pointer over the program's windows tells that it is at work, or no longer.
+    virtual void DoSetWaiting(bool /*waiting*/) {}
 
   private:
+    friend class WaitCursor;
+
     // A look at the clock costs about 20 ns, so one in 16 yields keeps a yield near 1 ns.
     static constexpr int kYieldsPerLook = 16;
 
@@ -66,6 +77,18 @@ class Host {
     long long lastPumpNs_ = 0;
     bool stopping_ = false;
     std::vector<PumpListener*> listeners_;
+};
+
+// While it lives the windows show the wait cursor.
+class WaitCursor {
+  public:
+    explicit WaitCursor(Host& host) : host_(host) { host_.DoSetWaiting(true); }
+    ~WaitCursor() { host_.DoSetWaiting(false); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+
+  private:
+    Host& host_;
 };
 
 }  // namespace ssq

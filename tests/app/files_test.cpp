@@ -22,18 +22,12 @@ std::string Content(const fs::path& file) {
 
 class Files : public testing::Test {
   protected:
-    void SetUp() override {
-        folder_ = fs::path(testing::TempDir()) / "ssq_files_test";
-        fs::remove_all(folder_);
-        fs::create_directories(folder_);
-    }
-    void TearDown() override { fs::remove_all(folder_); }
-
     auto FilesInFolder() const {
         return std::distance(fs::directory_iterator(folder_), fs::directory_iterator());
     }
 
-    fs::path folder_;
+    TempFolder temporary_;
+    fs::path folder_ = temporary_.path();
     TestHost host_;
 };
 

@@ -201,10 +201,10 @@ TEST_F(MainTrendChartTest, FailuresTellAndKeepTheOldChart) {
     AddFive();
     ASSERT_TRUE(Build("2024001", "2024005"));
     EXPECT_FALSE(Build("2024005", "2024001"));
-    EXPECT_THAT(database.host().messages, ElementsAre("无数据！"));
+    EXPECT_THAT(database.host().Texts(), ElementsAre("无数据！"));
     EXPECT_FALSE(Build("2024001", "2024999"));  // no such draw, so no next issue
     EXPECT_FALSE(Build("一", "2024005"));
-    EXPECT_EQ(database.host().messages.size(), 3U);
+    EXPECT_EQ(database.host().boxes.size(), 3U);
     EXPECT_EQ(chart.grid.rows(), 11);
     EXPECT_EQ(chart.pickRowList, "06,07,08");
 }

@@ -1,6 +1,7 @@
 #include "ui/qt/QtHost.h"
 
-#include <QCoreApplication>
+#include <QCursor>
+#include <QGuiApplication>
 
 #include "ui/qt/Desktop.h"
 #include "ui/qt/PanelContext.h"
@@ -12,7 +13,15 @@ void QtHost::DoShowBox(const std::string& title, const std::string& text) {
 }
 
 void QtHost::DoPump() {
-    QCoreApplication::processEvents();
+    QGuiApplication::processEvents();
+}
+
+void QtHost::DoSetWaiting(bool waiting) {
+    if (waiting) {
+        QGuiApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
+    } else {
+        QGuiApplication::restoreOverrideCursor();
+    }
 }
 
 }  // namespace ssq

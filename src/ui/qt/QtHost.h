@@ -14,6 +14,7 @@ class QtHost final : public Host {
   protected:
     void DoShowBox(const std::string& title, const std::string& text) override;
     void DoPump() override;
+    void DoSetWaiting(bool waiting) override;
 
   private:
     Desktop& desktop_;

@@ -1,0 +1,206 @@
+#include "acquire/KjData.h"
+
+#include <algorithm>
+
+#include "acquire/ConvertYlDate.h"
+#include "acquire/getWWW.h"
+#include "app/Public_var.h"
+#include "app/RedSet.h"
+#include "app/dates.h"
+#include "app/numbers.h"
+#include "app/public_fun.h"
+#include "app/text.h"
+#include "store/WriteBatch.h"
+#include "ui/Host.h"
+
+namespace ssq {
+
+namespace {
+
+constexpr std::int32_t kFirstIssue = 2003001;  // the first draw of the game
+constexpr std::size_t kReds = 6;
+constexpr std::size_t kBalls = 7;
+constexpr std::size_t kCells = 3;
+constexpr std::size_t kLongestEmptyRow = 5;  // characters
+constexpr int kLargestBlue = 16;
+
+enum class PageEnd {
+    kMore,    // the next page follows
+    kDone,    // the walk has met its end
+    kNoData,  // told; the pages before this one still count
+    kFault,   // told; nothing counts
+};
+
+std::string ListPage(Session& session, int page) {
+    return FetchPage(session.host, session.deployment.resultsHost +
+                                       "/zjfc/asp_ssq.asp?pagenum=" + std::to_string(page));
+}
+
+// A number of one or two digits in the range 1 to `largest`; 0 for anything else.
+int BallOf(const std::string& text, int largest) {
+    const bool digits = !text.empty() && text.size() <= 2 &&
+                        text.find_first_not_of("0123456789") == std::string::npos;
+    const auto ball = digits ? static_cast<int>(WholePart(text)) : 0;
+    return ball <= largest ? ball : 0;
+}
+
+std::vector<std::string> BallTexts(const std::string& numbers) {
+    return Split(Replace(Replace(numbers, "+", ","), " ", ""), ",");
+}
+
+bool AreBalls(const std::string& numbers) {
+    const std::vector<std::string> items = BallTexts(numbers);
+    if (items.size() != kBalls) return false;
+    RedSet reds;
+    for (std::size_t i = 0; i < kReds; ++i) reds.Add(BallOf(items[i], RedSet::kLargest));
+    return reds.Count() == static_cast<int>(kReds) && BallOf(items[kReds], kLargestBlue) > 0;
+}
+
+// With "-" between year, month and day.
+std::string DashedDate(const std::string& date) {
+    const std::string dashed = Replace(Replace(date, "年", "-"), "月", "-");
+    return Replace(Replace(dashed, "日", ""), " ", "");
+}
+
+bool IsDrawDate(const std::string& date) {
+    const std::string dashed = DashedDate(date);
+    return dashed.find_first_not_of("0123456789-") == std::string::npos && ParseDate(dashed) &&
+           !LunarText(dashed).empty();
+}
+
+bool IsDrawIssue(const std::string& text) {
+    return IsIssueText(text) && WholePart(text) >= kFirstIssue;
+}
+
+PageEnd Tell(Session& session, const std::string& text, PageEnd end) {
+    session.host.ShowMessage(text);
+    return end;
+}
+
+// Reads the draw of one row; kMore when it was a new one.
+PageEnd ReadRow(Session& session, const std::string& row, std::int32_t localIssue,
+                Harvest& harvest) {
+    Host& host = session.host;
+    const std::vector<std::string> cells = Split(row, "/");
+    std::string date = CutBetween(host, "qishu=", "<", Replace(cells[0], "\r\n", "")) + "<";
+    date = CutBetween(host, ">", "<", date);
+    if (date.empty()) return Tell(session, "无数据！", PageEnd::kNoData);
+    if (cells.size() < kCells) {
+        return Tell(session, "开奖数据的格式不正确：" + Excerpt(row), PageEnd::kFault);
+    }
+    const std::string issue =
+        Replace(CutBetween(host, "<td>", "<", Replace(cells[1], "\r\n", "")), " ", "");
+    if (issue.empty()) return Tell(session, "无数据！", PageEnd::kNoData);
+    if (IsNumeric(issue) && WholePart(issue) <= localIssue) return PageEnd::kDone;
+    if (!IsDrawIssue(issue)) {
+        return Tell(session, "期号不正确：" + Excerpt(issue), PageEnd::kFault);
+    }
+    const std::string numbers = CutBetween(host, "<td>", "<", Replace(cells[2], "\r\n", ""));
+    if (numbers.empty()) return Tell(session, issue + "----无数据！", PageEnd::kNoData);
+    if (!IsDrawDate(date)) {
+        return Tell(session, issue + "期的开奖日期不正确：" + Excerpt(date), PageEnd::kFault);
+    }
+    if (!AreBalls(numbers)) {
+        return Tell(session, issue + "期的开奖号码不正确：" + Excerpt(numbers), PageEnd::kFault);
+    }
+    harvest.NewDates.push_back(date);
+    harvest.NewNumbers.push_back(numbers);
+    harvest.NewIssues.push_back(static_cast<std::int32_t>(WholePart(issue)));
+    return PageEnd::kMore;
+}
+
+PageEnd ReadPage(Session& session, std::int32_t localIssue, Harvest& harvest) {
+    const std::string page = ListPage(session, ++harvest.PageNumber);
+    const std::string text = Replace(
+        CutBetween(session.host, "投注额</strong></font></td>", "</table>", page), "\r\n", "");
+    if (text.empty()) return Tell(session, "无数据！", PageEnd::kNoData);
+    bool anyDraw = false;
+    for (const std::string& row : Split(text, "</tr>")) {
+        const std::string packed = Replace(Replace(LowerCase(row), "</a>", ""), " ", "");
+        if (CharacterCount(row) <= kLongestEmptyRow || Trim(packed).empty()) continue;
+        const PageEnd end = ReadRow(session, packed, localIssue, harvest);
+        if (end != PageEnd::kMore) return end;
+        anyDraw = true;
+    }
+    if (!anyDraw) return Tell(session, "无数据！", PageEnd::kNoData);
+    return harvest.NewIssues.back() == kFirstIssue ? PageEnd::kDone : PageEnd::kMore;
+}
+
+void Truncate(Harvest& harvest, int count) {
+    const auto size = static_cast<std::size_t>(count);
+    harvest.NewDates.resize(size);
+    harvest.NewNumbers.resize(size);
+    harvest.NewIssues.resize(size);
+}
+
+std::string InsertStatement(const Harvest& harvest, std::size_t index, std::int64_t qid) {
+    const std::vector<std::string> items = BallTexts(harvest.NewNumbers[index]);
+    std::vector<std::string> reds(items.begin(), items.begin() + kReds);
+    for (std::string& red : reds) red = TwoDigits(WholePart(red));
+    const std::string date = DashedDate(harvest.NewDates[index]);
+    return "Insert into cphm(qid,kjqh,kjhm,a1,a2,a3,a4,a5,a6,a7,kjDate,kjWeek,nnDate) values(" +
+           std::to_string(qid) + "," + std::to_string(harvest.NewIssues[index]) + ",'" +
+           Join(reds, ",") + "'," + Join(items, ",") + ",'" + date + "'," +
+           std::to_string(Weekday(*ParseDate(date))) + "," + LunarDay(LunarText(date)) + ")";
+}
+
+}  // namespace
+
+std::string LatestOnlineIssue(Session& session) {
+    return CutBetween(session.host, "qishu=", "\"", ListPage(session, 1));
+}
+
+bool HarvestPages(Session& session, std::int32_t localIssue, Harvest& harvest) {
+    for (;;) {
+        const int before = harvest.HarvestCount();
+        const PageEnd end = ReadPage(session, localIssue, harvest);
+        if (end == PageEnd::kDone) return true;
+        if (end == PageEnd::kFault || !session.host.YieldNow()) return false;
+        if (end == PageEnd::kNoData) {
+            Truncate(harvest, before);
+            return harvest.PageNumber > 1;
+        }
+        const auto last = harvest.NewIssues.end() - 1;
+        if (before > 0 && *last >= harvest.NewIssues[static_cast<std::size_t>(before) - 1]) {
+            session.host.ShowMessage("网站的开奖数据重复，无法更新！");
+            return false;
+        }
+    }
+}
+
+void InsertDraws(Session& session, const Harvest& harvest) {
+    Recordset rows;
+    if (!QueryOrTell(session, "Select Max(qid) from cphm", rows)) return;
+    std::int64_t qid = rows.Int(0);
+    {
+        const WriteBatch batch(session);
+        for (std::size_t i = harvest.NewIssues.size(); i-- > 0;) {
+            if (!ExecuteOrTell(session, InsertStatement(harvest, i, ++qid))) return;
+        }
+    }
+    session.host.ShowMessage("共更新" + std::to_string(harvest.HarvestCount()) + "期!");
+}
+
+bool UpdateDraws(Session& session) {
+    const std::string online = Trim(LatestOnlineIssue(session));
+    Recordset rows;
+    if (!QueryOrTell(session, "Select Max(kjqh) from cphm", rows)) return false;
+    const auto local = static_cast<std::int32_t>(rows.Int(0));
+    if (!IsDrawIssue(online)) {
+        session.host.ShowMessage(online.empty() ? "读不到网站上的最新期号，请稍候再试！"
+                                                : "网站上的最新期号不正确：" + Excerpt(online));
+        return false;
+    }
+    if (WholePart(online) <= local) {
+        session.host.ShowMessage("数据为最新，无需更新！");
+        return false;
+    }
+    Harvest harvest;
+    if (!HarvestPages(session, local, harvest)) return false;
+    InsertDraws(session, harvest);
+    if (session.host.stopping()) return false;
+    RefreshLatestIssue(session);
+    return true;
+}
+
+}  // namespace ssq

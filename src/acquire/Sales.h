@@ -1,0 +1,20 @@
+// Online sales: the red numbers of each issue by how much they were bought.
+#pragma once
+
+#include "app/public_fun.h"
+#include "ui/ResultGrid.h"
+
+namespace ssq {
+
+struct Session;
+
+// Brings o_sale up to date from the sales site, with all messages; the running issue's row is
+// replaced. Stops at the first row that cannot be stored; rows before it stay. Ends without a
+// message when the program is being closed.
+void UpdateSales(Session& session);
+
+// The sales of a range and of the running issue. False after telling the user; the grid is then
+// cleared, or has no running issue when only that could not be read.
+bool SalesTable(Session& session, const PeriodRange& range, ResultGrid& grid);
+
+}  // namespace ssq
