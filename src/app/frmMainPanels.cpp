@@ -8,6 +8,7 @@
 #include "banker/frmXUEXI.h"
 #include "banker/frmxxjl.h"
 #include "charts/frmZST.h"
+#include "kill/frmSHAMA.h"
 
 namespace ssq {
 
@@ -24,6 +25,7 @@ const std::map<QString, MakePanel>& Makers() {
     static const std::map<QString, MakePanel> kMakers = {
         {QStringLiteral("frmHistory"), Make<frmHistory>},
         {QStringLiteral("frmSale"), Make<frmSale>},
+        {QStringLiteral("frmSHAMA"), Make<frmSHAMA>},
         {QStringLiteral("frmXUEXI"), Make<frmXUEXI>},
         {QStringLiteral("frmZST"), Make<frmZST>},
         {QStringLiteral("frmxxjl"), Make<frmxxjl>},
