@@ -40,6 +40,10 @@ class RedSet {
         return RedSet(((ring << offset | ring >> (kLargest - offset)) & kRing) << 1);
     }
 
+    // Every number plus or minus `step` (0 to 63) on the open line: what leaves 1..33 drops out.
+    constexpr RedSet Plus(int step) const { return RedSet(bits_ << step & kRing << 1); }
+    constexpr RedSet Minus(int step) const { return RedSet(bits_ >> step & kRing << 1); }
+
     // Reads comma text; items that are no number from 1 to 33 are left out.
     static RedSet FromList(std::string_view list);
 

@@ -174,6 +174,7 @@ void frmMain::Recommend() {
     if (!RecommendBankers(session, RangeOf(*start_, *end_), result)) return;
     resultGroup_->setTitle(Qs(result.caption));
     vs1_->SetGrid(std::move(result.grid));
+    vs1_->scrollToBottom();  // the recommendation stands below the draws
 }
 
 void frmMain::BuyTickets() {

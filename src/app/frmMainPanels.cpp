@@ -2,8 +2,11 @@
 
 #include <QDialog>
 
+#include "app/frmHistory.h"
+#include "app/frmMainPopups.h"
 #include "banker/frmXUEXI.h"
 #include "banker/frmxxjl.h"
+#include "charts/frmZST.h"
 
 namespace ssq {
 
@@ -18,7 +21,9 @@ std::unique_ptr<QWidget> Make(const PanelContext& context, QWidget* parent) {
 
 const std::map<QString, MakePanel>& Makers() {
     static const std::map<QString, MakePanel> kMakers = {
+        {QStringLiteral("frmHistory"), Make<frmHistory>},
         {QStringLiteral("frmXUEXI"), Make<frmXUEXI>},
+        {QStringLiteral("frmZST"), Make<frmZST>},
         {QStringLiteral("frmxxjl"), Make<frmxxjl>},
     };
     return kMakers;
@@ -36,7 +41,10 @@ bool PanelRegistry::Knows(const QString& name) {
 
 QWidget& PanelRegistry::Get(const QString& name) {
     std::unique_ptr<QWidget>& panel = open_[name];
-    if (!panel) panel = Makers().at(name)(context_, nullptr);
+    if (!panel) {
+        panel = Makers().at(name)(context_, nullptr);
+        AttachPopup(context_, *panel);
+    }
     return *panel;
 }
 

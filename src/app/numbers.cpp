@@ -12,7 +12,9 @@ namespace ssq {
 
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 // Length of the number that starts the text, 0 when none does. With `groups` commas may stand
 // between the digits before the decimal point.
@@ -67,7 +69,9 @@ std::optional<double> ParseNumber(std::string_view text) {
     return std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
-bool IsNumeric(std::string_view text) { return ParseNumber(text).has_value(); }
+bool IsNumeric(std::string_view text) {
+    return ParseNumber(text).has_value();
+}
 
 std::int64_t WholePart(std::string_view text) {
     constexpr double kLimit = 9.2e18;
@@ -77,9 +81,13 @@ std::int64_t WholePart(std::string_view text) {
     return static_cast<std::int64_t>(value);
 }
 
-double Round(double value) { return std::nearbyint(value * 100) / 100; }
+double Round(double value) {
+    return std::nearbyint(value * 100) / 100;
+}
 
-double Percent(double part, double whole) { return Round(part / whole * 100); }
+double Percent(double part, double whole) {
+    return Round(part / whole * 100);
+}
 
 std::string NumberText(double value) {
     if (!std::isfinite(value)) return "-";

@@ -8,9 +8,13 @@ namespace {
 
 constexpr std::string_view kWhiteSpace = " \t\r\n";
 
-char LowerLetter(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+char LowerLetter(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
-bool StartsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }
+bool StartsCharacter(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+}
 
 // Byte offset of character number `index`, counted from 0; the size when the text is shorter.
 std::size_t CharacterOffset(std::string_view text, std::size_t index) {
@@ -69,6 +73,12 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b) {
 
 std::size_t CharacterCount(std::string_view text) {
     return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), StartsCharacter));
+}
+
+std::size_t DisplayWidth(std::string_view text) {
+    const auto ascii = std::count_if(text.begin(), text.end(),
+                                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return 2 * CharacterCount(text) - static_cast<std::size_t>(ascii);
 }
 
 std::string Characters(std::string_view text, std::size_t start, std::size_t count) {

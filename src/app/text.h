@@ -29,6 +29,9 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b);
 // Length in characters of a UTF-8 text.
 std::size_t CharacterCount(std::string_view text);
 
+// Places a text takes in a fixed-pitch font: an ASCII character one, any other two.
+std::size_t DisplayWidth(std::string_view text);
+
 // Up to `count` characters from character `start`, counted from 1.
 std::string Characters(std::string_view text, std::size_t start,
                        std::size_t count = std::string_view::npos);

@@ -26,7 +26,9 @@ void Host::Interrupt(Action action) {
     lastPumpNs_ = NowNs();
 }
 
-void Host::ShowMessage(const std::string& text) { ShowBox("提示", text); }
+void Host::ShowMessage(const std::string& text) {
+    ShowBox("提示", text);
+}
 
 void Host::ShowBox(const std::string& title, const std::string& text) {
     if (stopping_) return;
@@ -39,6 +41,8 @@ void Host::LookAtClock() {
     Interrupt([&] { DoPump(); });
 }
 
-void Host::RemovePumpListener(PumpListener* listener) { std::erase(listeners_, listener); }
+void Host::RemovePumpListener(PumpListener* listener) {
+    std::erase(listeners_, listener);
+}
 
 }  // namespace ssq

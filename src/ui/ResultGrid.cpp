@@ -49,7 +49,9 @@ void ResultGrid::SetCell(int row, int col, std::string text) {
     if (Inside(row, col)) cells_[At(row, col)] = std::move(text);
 }
 
-double ResultGrid::CellVal(int row, int col) const { return Val(cell(row, col)); }
+double ResultGrid::CellVal(int row, int col) const {
+    return Val(cell(row, col));
+}
 
 const CellStyle& ResultGrid::style(int row, int col) const {
     return styles_[Inside(row, col) ? styleOf_[At(row, col)] : 0];
@@ -84,7 +86,15 @@ void ResultGrid::SetFontSize(int row, int col, int points) {
     SetFont(row, col, style(row, col).fontName, points);
 }
 
-std::optional<int> ResultGrid::rowHeight(int row) const { return Find(rowHeights_, row); }
+void ResultGrid::SetMark(int row, int col, Rgb colour) {
+    CellStyle changed = style(row, col);
+    changed.mark = colour;
+    SetStyle(row, col, std::move(changed));
+}
+
+std::optional<int> ResultGrid::rowHeight(int row) const {
+    return Find(rowHeights_, row);
+}
 
 void ResultGrid::SetRowHeight(int row, int twips) {
     if (row >= 0 && row < rows_) rowHeights_[row] = twips;
@@ -94,7 +104,9 @@ void ResultGrid::SetAllRowHeights(int twips) {
     for (int row = 0; row < rows_; ++row) rowHeights_[row] = twips;
 }
 
-std::optional<int> ResultGrid::colWidth(int col) const { return Find(colWidths_, col); }
+std::optional<int> ResultGrid::colWidth(int col) const {
+    return Find(colWidths_, col);
+}
 
 void ResultGrid::SetColWidth(int col, int twips) {
     if (col >= 0 && col < cols_) colWidths_[col] = twips;
@@ -104,12 +116,18 @@ void ResultGrid::SetColWidths(int first, int last, int twips) {
     for (int col = first; col <= last; ++col) SetColWidth(col, twips);
 }
 
+void ResultGrid::SetEvenCols(int first, int last) {
+    if (first >= 0 && first <= last && last < cols_) evenCols_.push_back({first, last});
+}
+
 Align ResultGrid::alignment(int col) const {
     const auto found = alignments_.find(col);
     return found == alignments_.end() ? Align::kGeneral : found->second;
 }
 
-void ResultGrid::SetAlignment(int col, Align alignment) { alignments_[col] = alignment; }
+void ResultGrid::SetAlignment(int col, Align alignment) {
+    alignments_[col] = alignment;
+}
 
 void ResultGrid::SetAllAlignments(Align alignment) {
     for (int col = 0; col < cols_; ++col) alignments_[col] = alignment;

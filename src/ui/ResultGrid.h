@@ -26,7 +26,8 @@ struct CellStyle {
     std::optional<Rgb> fore;
     bool bold = false;
     std::string fontName;
-    int fontSize = 0;  // points
+    int fontSize = 0;         // points
+    std::optional<Rgb> mark;  // a disc of this colour behind the text
 
     auto operator<=>(const CellStyle&) const = default;
 };
@@ -62,6 +63,8 @@ class ResultGrid {
     void SetBold(int row, int col, bool bold = true);
     void SetFont(int row, int col, const std::string& name, int points);
     void SetFontSize(int row, int col, int points);
+    // A disc behind the cell's text, shown while there is a text.
+    void SetMark(int row, int col, Rgb colour);
 
     std::optional<int> rowHeight(int row) const;
     void SetRowHeight(int row, int twips);
@@ -70,6 +73,14 @@ class ResultGrid {
     std::optional<int> colWidth(int col) const;
     void SetColWidth(int col, int twips);
     void SetColWidths(int first, int last, int twips);
+
+    // Columns without a width that shall all be as wide as the widest of them needs.
+    struct ColumnRun {
+        int first;
+        int last;
+    };
+    void SetEvenCols(int first, int last);
+    const std::vector<ColumnRun>& evenCols() const { return evenCols_; }
 
     Align alignment(int col) const;
     void SetAlignment(int col, Align alignment);
@@ -89,6 +100,9 @@ class ResultGrid {
     // view's look.
     std::optional<Rgb> gridBack;
     std::optional<Rgb> gridLines;
+
+    // Cells outside the fixed ones with just this text show it faintly, such as the 0 of counts.
+    std::string paleText;
 
     // The selection: anchor (row, col) and the other corner; -1 while there is nothing to select.
     int row() const { return row_; }
@@ -111,12 +125,13 @@ class ResultGrid {
     int col_ = -1;
     int rowSel_ = -1;
     int colSel_ = -1;
-    std::vector<std::string> cells_;         // row after row
-    std::vector<std::uint16_t> styleOf_;     // index into styles_, one per cell
+    std::vector<std::string> cells_;      // row after row
+    std::vector<std::uint16_t> styleOf_;  // index into styles_, one per cell
     std::vector<CellStyle> styles_{CellStyle{}};
     std::map<CellStyle, std::uint16_t> styleIndex_{{CellStyle{}, 0}};
     std::map<int, int> rowHeights_;
     std::map<int, int> colWidths_;
+    std::vector<ColumnRun> evenCols_;
     std::map<int, Align> alignments_;
     std::set<int> hiddenCols_;
     std::set<int> mergeRows_;

@@ -32,25 +32,25 @@ class BankerRoad : public testing::Test {
 };
 
 TEST_F(BankerRoad, LearnsRecommendsAndLogs) {
-    SetSettings("100", 5);
+    SetSettings("50", 5);
     EXPECT_THAT(DriverClient::Messages(driver.Menu("m_xuexi")), ElementsAre());
     const QJsonObject grid = driver.Grid("vs1");
-    EXPECT_EQ(grid["rows"].toInt(), 104);
+    ASSERT_EQ(grid["rows"].toInt(), 54);
     EXPECT_EQ(grid["cols"].toInt(), 20);
     EXPECT_EQ(DriverClient::Cell(grid, 0, 0), "开奖号码区");
     EXPECT_EQ(DriverClient::Cell(grid, 1, 7), "命中");
-    EXPECT_EQ(DriverClient::Cell(grid, 102, 1), "2026115期推荐胆码");
-    EXPECT_EQ(DriverClient::Cell(grid, 103, 1), "每组命中概率");
-    EXPECT_EQ(driver.Text("Frame1"), "分析结果  共100期数据,概率降低请重新学习");
+    EXPECT_EQ(DriverClient::Cell(grid, 52, 1), "2026115期推荐胆码");
+    EXPECT_EQ(DriverClient::Cell(grid, 53, 1), "每组命中概率");
+    EXPECT_EQ(driver.Text("Frame1"), "分析结果  共50期数据,概率降低请重新学习");
 
     // The whole grid once more by a plain walk over the draws as texts.
     const QJsonArray formulas = Rows("select top 3 gs from trate order by rate desc");
     const QJsonArray draws = Rows("select kjhm from cphm order by kjqh asc");
-    const int first = draws.size() - 100;
+    const int first = draws.size() - 50;
     for (int group = 0; group < 3; ++group) {
         const auto positions = Split(formulas[group][0].toString().toStdString(), ",");
         int hitRows = 0;
-        for (int row = 2; row <= 102; ++row) {
+        for (int row = 2; row <= 52; ++row) {
             std::vector<std::string> window;
             for (int back = 1; back <= 4; ++back) {
                 const QJsonValue earlier = draws[first + row - 2 - back][0];
@@ -59,7 +59,7 @@ TEST_F(BankerRoad, LearnsRecommendsAndLogs) {
                 }
             }
             const std::string draw =
-                row == 102 ? "" : draws[first + row - 2][0].toString().toStdString();
+                row == 52 ? "" : draws[first + row - 2][0].toString().toStdString();
             int hits = 0;
             for (int j = 0; j < 5; ++j) {
                 const int col = 2 + group * 6 + j;
@@ -69,11 +69,11 @@ TEST_F(BankerRoad, LearnsRecommendsAndLogs) {
                 EXPECT_EQ(DriverClient::Back(grid, row, col), hit ? "#D7856E" : "#ECF1F1");
                 hits += hit ? 1 : 0;
             }
-            if (row == 102) break;
+            if (row == 52) break;
             EXPECT_EQ(DriverClient::Cell(grid, row, 7 + group * 6), std::to_string(hits));
             hitRows += hits > 0 ? 1 : 0;
         }
-        EXPECT_EQ(DriverClient::Cell(grid, 103, 7 + group * 6), std::to_string(hitRows));
+        EXPECT_EQ(DriverClient::Cell(grid, 53, 7 + group * 6), std::to_string(2 * hitRows));
     }
     EXPECT_EQ(Rows("select count(*) from xxjl")[0][0].toInt(), 1);
 }

@@ -2,20 +2,11 @@
 
 #include <algorithm>
 
+#include "app/text.h"
+
 namespace ssq {
 
 namespace {
-
-// Columns that a character takes in a fixed-pitch font: ASCII one, everything else two.
-int EstimatedLength(const std::string& text) {
-    int length = 0;
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte < 0x80) length += 1;
-        if (byte >= 0xC0) length += 2;
-    }
-    return length;
-}
 
 bool MergesWithNeighbour(const ResultGrid& grid, int row, int col) {
     if (!grid.mergeRow(row)) return false;
@@ -61,9 +52,9 @@ int FittedColWidth(const ResultGrid& grid, int col, GridFonts& fonts) {
         if (!MergesWithNeighbour(grid, row, col)) measure(row);
     }
     int longestRow = -1;
-    int longest = 0;
+    std::size_t longest = 0;
     for (int row = fixedRows; row < grid.rows(); ++row) {
-        const int length = EstimatedLength(grid.cell(row, col));
+        const std::size_t length = DisplayWidth(grid.cell(row, col));
         if (length > longest) {
             longest = length;
             longestRow = row;

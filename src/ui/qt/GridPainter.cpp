@@ -4,6 +4,7 @@
 #include <QPen>
 
 #include "app/numbers.h"
+#include "ui/GridLook.h"
 
 namespace ssq {
 
@@ -11,15 +12,20 @@ namespace {
 
 constexpr QRgb kPaper = qRgb(0xFF, 0xFF, 0xFF);
 constexpr QRgb kInk = qRgb(0x1E, 0x26, 0x24);
-constexpr QRgb kLine = qRgb(0xD8, 0xDE, 0xDE);
-constexpr QRgb kHeader = qRgb(0xE2, 0xEA, 0xE7);
-constexpr QRgb kHeaderLine = qRgb(0xBC, 0xC9, 0xC4);
 constexpr QRgb kFreezeLine = qRgb(0x8F, 0xA3, 0x9B);
+constexpr QRgb kInkOnDark = qRgb(0xFA, 0xEE, 0xF4);
+constexpr int kPaleAlpha = 130;  // of texts shown faintly
 constexpr int kSelectionAlpha = 72;
 constexpr int kSelectionAlphaUnfocused = 44;
 
 QColor Colour(const Rgb& rgb) {
     return {rgb.red, rgb.green, rgb.blue};
+}
+
+// A text colour that can be read on the ground.
+QColor InkOn(const QColor& ground) {
+    constexpr int kDarkGrey = 105;  // between the two chart colours: green takes dark text
+    return qGray(ground.rgb()) < kDarkGrey ? QColor(kInkOnDark) : QColor(kInk);
 }
 
 QRect Rect(const PixelRect& rect) {
@@ -78,7 +84,7 @@ void GridPainter::PaintPane(const Pane& pane, const QRect& area) {
 
 void GridPainter::PaintBacks(const Pane& pane) {
     const auto& back = scene_.grid.gridBack;
-    const QColor ground = pane.fixed ? QColor(kHeader) : back ? Colour(*back) : QColor(kPaper);
+    const QColor ground = pane.fixed ? Colour(kFixedBack) : back ? Colour(*back) : QColor(kPaper);
     painter_.fillRect(pane.rect(), ground);
     for (int row = pane.rows.first; row <= pane.rows.last; ++row) {
         for (int col = pane.cols.first; col <= pane.cols.last; ++col) {
@@ -93,9 +99,9 @@ void GridPainter::PaintBacks(const Pane& pane) {
 
 void GridPainter::PaintLines(const Pane& pane) {
     const auto& own = scene_.grid.gridLines;
-    painter_.setPen(Hairline(pane.fixed ? QColor(kHeaderLine)
+    painter_.setPen(Hairline(pane.fixed ? Colour(kFixedLine)
                              : own      ? Colour(*own)
-                                        : QColor(kLine)));
+                                        : Colour(kGridLine)));
     for (int row = pane.rows.first; row <= pane.rows.last; ++row) {
         const int y = scene_.geometry.rows().End(row, scene_.scroll.y()) - 1;
         painter_.drawLine(pane.cols.begin, y, pane.cols.end, y);
@@ -136,9 +142,37 @@ void GridPainter::PaintText(int row, int col, const QRect& rect) {
     if (alignment == Qt::AlignRight) x += inner.width() - width;
     const int y = inner.top() + (inner.height() - face.metrics.height() + 1) / 2;
 
-    painter_.setPen(style.fore ? Colour(*style.fore) : QColor(kInk));
+    if (style.mark) PaintMark(rect, width, Colour(*style.mark));
+    painter_.setPen(Ink(row, col));
     painter_.setFont(face.font);
     painter_.drawText(QPoint(x, y + face.metrics.ascent()), text);
+}
+
+QColor GridPainter::Ink(int row, int col) const {
+    const ResultGrid& grid = scene_.grid;
+    const CellStyle& style = grid.style(row, col);
+    if (style.fore) return Colour(*style.fore);
+    const bool fixed = row < grid.fixedRows() || col < grid.fixedCols();
+    const auto& ground = style.mark ? style.mark : style.back ? style.back : grid.gridBack;
+    if (fixed || !ground) return {kInk};
+    QColor ink = InkOn(Colour(*ground));
+    if (!grid.paleText.empty() && grid.cell(row, col) == grid.paleText) ink.setAlpha(kPaleAlpha);
+    return ink;
+}
+
+// A disc, drawn out to a lozenge where the text is wider than the cell is high.
+void GridPainter::PaintMark(const QRect& cell, int textWidth, const QColor& colour) {
+    constexpr double kGap = 0.5;  // pixels between the mark and the lines
+    constexpr double kAir = 1;    // pixels between the text and the mark's sides
+    const double height = cell.height() - 1 - 2 * kGap;
+    const double width = std::min(std::max(height, textWidth + 2 * kAir), cell.width() - 1.0);
+    QRectF mark(0, 0, width, height);
+    mark.moveCenter(QRectF(cell.adjusted(0, 0, -1, -1)).center());
+    painter_.setRenderHint(QPainter::Antialiasing, true);
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(colour);
+    painter_.drawRoundedRect(mark, height / 2, height / 2);
+    painter_.setRenderHint(QPainter::Antialiasing, false);
 }
 
 void GridPainter::PaintMerges(const QRect& area) {
@@ -149,8 +183,8 @@ void GridPainter::PaintMerges(const QRect& area) {
         if (rect.isEmpty() || !rect.intersects(area)) continue;
         const auto& back = scene_.grid.style(merge.top, merge.left).back;
         painter_.setClipRect(rect & area);
-        painter_.fillRect(rect, back ? Colour(*back) : QColor(kHeader));
-        painter_.setPen(Hairline(QColor(kHeaderLine)));
+        painter_.fillRect(rect, back ? Colour(*back) : Colour(kFixedBack));
+        painter_.setPen(Hairline(Colour(kFixedLine)));
         painter_.drawLine(rect.right(), rect.top(), rect.right(), rect.bottom());
         painter_.drawLine(rect.left(), rect.bottom(), rect.right(), rect.bottom());
         PaintText(merge.top, merge.left, rect);

@@ -48,6 +48,8 @@ class GridPainter {
     void PaintFreezeLines(const QRect& area);
     void PaintSelection(const QRect& area);
     void PaintText(int row, int col, const QRect& rect);
+    void PaintMark(const QRect& cell, int textWidth, const QColor& colour);
+    QColor Ink(int row, int col) const;
 
     const GridScene& scene_;
     GridFonts& fonts_;

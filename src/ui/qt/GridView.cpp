@@ -1,5 +1,6 @@
 #include "ui/qt/GridView.h"
 
+#include <QAbstractButton>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QItemSelectionModel>
@@ -41,6 +42,8 @@ GridView::GridView(QWidget* parent)
     horizontalHeader()->hide();
     verticalHeader()->hide();
     setCornerButtonEnabled(false);
+    // The base class hides the button over the corner in updateGeometries, which is ours.
+    for (auto* corner : findChildren<QAbstractButton*>()) corner->hide();
     setEditTriggers(NoEditTriggers);
     setSelectionMode(ContiguousSelection);
     setAutoScroll(false);
@@ -90,6 +93,11 @@ void GridView::FitColumns() {
     for (int col = 0; col < grid().cols(); ++col) {
         if (grid().colWidth(col)) continue;
         fittedWidths_[static_cast<std::size_t>(col)] = FittedColWidth(grid(), col, fonts_);
+    }
+    for (const auto& [first, last] : grid().evenCols()) {
+        const auto begin = fittedWidths_.begin() + first;
+        const auto end = fittedWidths_.begin() + last + 1;
+        std::fill(begin, end, *std::max_element(begin, end));
     }
 }
 

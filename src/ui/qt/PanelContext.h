@@ -14,6 +14,8 @@ struct PanelContext {
     Desktop& desktop;
 };
 
-inline QString Qs(const std::string& text) { return QString::fromStdString(text); }
+inline QString Qs(const std::string& text) {
+    return QString::fromStdString(text);
+}
 
 }  // namespace ssq

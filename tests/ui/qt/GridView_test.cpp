@@ -303,6 +303,17 @@ TEST_F(GridViewTest, PaintsColoursOfCellsGridAndLines) {
     EXPECT_EQ(Pixel(view_.viewport()->rect().center()), (Rgb{255, 255, 255}));
 }
 
+TEST_F(GridViewTest, PaintsMarksBehindTexts) {
+    ResultGrid grid = BigGrid();
+    grid.SetMark(4, 4, kRed);
+    grid.SetMark(5, 5, kRed);
+    grid.SetCell(5, 5, "");
+    view_.SetGrid(std::move(grid));
+    EXPECT_EQ(Pixel(CellRect(4, 4).topLeft() + QPoint(19, 2)), kRed);
+    EXPECT_EQ(Ground(4, 4), (Rgb{255, 255, 255}));
+    EXPECT_EQ(Pixel(Centre(5, 5)), (Rgb{255, 255, 255}));
+}
+
 TEST_F(GridViewTest, PaintsMergedCellsAsOne) {
     ResultGrid grid = BigGrid();
     for (int col = 1; col <= 5; ++col) grid.SetCell(0, col, "group");
@@ -328,6 +339,13 @@ TEST_F(GridViewTest, RowsAndColumnsWithoutSizesFitTheirTexts) {
     EXPECT_GT(CellRect(0, 1).width(),
               view_.fontMetrics().horizontalAdvance(QStringLiteral("01,02,03,04,05,06")));
     EXPECT_GE(CellRect(0, 0).height(), view_.fontMetrics().height());
+
+    const int widest = CellRect(0, 1).width();
+    ResultGrid even = view_.grid();
+    even.SetEvenCols(0, 1);
+    view_.SetGrid(std::move(even));
+    EXPECT_EQ(CellRect(0, 0).width(), widest);
+    EXPECT_NE(CellRect(0, 2).width(), widest);
 }
 
 TEST_F(GridViewTest, AssistiveTechnologySeesATable) {

@@ -1,0 +1,44 @@
+// The red-ball trend chart: one row per draw, its numbers in place, and 32 pattern counters.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "app/public_fun.h"
+#include "ui/ResultGrid.h"
+
+namespace ssq {
+
+struct Session;
+
+// Which draws form the series, by chart type.
+inline constexpr std::array<std::string_view, 8> kTrendTypes{
+    "红球基本走势图",   "红球同期走势图", "红球同尾期走势图", "红球奇数期走势图",
+    "红球偶数期走势图", "阳历同期走势图", "阴历同期走势图",   "同星期走势图"};
+
+// The columns of the numbers 1 to 33, which the user can hide.
+inline constexpr int kFirstNumberCol = 3;
+inline constexpr int kLastNumberCol = 35;
+
+struct MainTrendChart {
+    ResultGrid grid;
+    std::string caption;      // of the group around the grid
+    std::string pickRowList;  // grid rows for the user's picks, two digits each, comma separated
+};
+
+// Builds the chart of a type (0 to 7); types 1, 2, 5 and 6 take the whole history and only look at
+// the range's end. On a failed query or an empty series ("无数据！") the user
+// is told, the result is false and `chart` stays as it was.
+bool BuildMainTrendChart(Session& session, const PeriodRange& range, int type,
+                         MainTrendChart& chart);
+
+// A press on a cell: sets the column's number where the cell is empty, empties it otherwise. The
+// press counts when the row's text occurs in `pickRowList` and the column is not behind the
+// numbers; the search is in the text, so that with rows 101,102,103 row 10 counts too.
+void TogglePick(ResultGrid& grid, const std::string& pickRowList, int row, int col);
+
+// Hides or shows the columns of the numbers; the counters stay.
+void HideNumbers(ResultGrid& grid, bool hidden);
+
+}  // namespace ssq

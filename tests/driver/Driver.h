@@ -1,0 +1,59 @@
+// The flow of a script: commands in from standard input, strictly one after the other, replies
+// out to standard output.
+#pragma once
+
+#include <QJsonObject>
+#include <QObject>
+#include <QSocketNotifier>
+#include <deque>
+#include <memory>
+#include <optional>
+
+#include "Commands.h"
+#include "Panels.h"
+
+namespace ssq {
+
+class Program;
+class ScriptDesktop;
+
+// A command runs from the event loop. One that opens a modal window stays on the stack until that
+// window is closed by later commands, which run in the window's own event loop. So a command has
+// come to rest, and its reply is due, when the commands on the stack are no more than the modal
+// windows they wait for. The next line is read only then.
+class Driver final : public QObject {
+  public:
+    Driver(Program& program, ScriptDesktop& desktop);
+
+    // Begins with the commands; the event loop must run from then on. It is left after `quit` or
+    // the end of the input.
+    void Start();
+
+    // Sends what is owed after the event loop was left.
+    void Finish();
+
+  private:
+    void ReadInput();
+    void RunNext();
+    void Run(const QByteArray& line);
+    QJsonObject Carry(const QByteArray& line);
+    void LookLater();
+    void ReplyIfDue();
+    void Reply();
+    void Leave();
+
+    Program& program_;
+    ScriptDesktop& desktop_;
+    Panels panels_;
+    Commands commands_;
+    QSocketNotifier input_;
+    QByteArray unread_;                // the beginning of a line
+    std::deque<QByteArray> lines_;     // read and not yet run
+    bool inputEnded_ = false;
+    bool quitAsked_ = false;
+    bool scheduled_ = false;           // the next command is about to run
+    int running_ = 0;                  // commands on the stack
+    std::shared_ptr<QJsonObject> due_;  // reply to the command under way
+};
+
+}  // namespace ssq

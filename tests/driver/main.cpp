@@ -1,0 +1,38 @@
+// panel_driver FOLDER: the real program on the given folder, driven by one JSON object per line.
+#include <QApplication>
+#include <cstdio>
+
+#include "Driver.h"
+#include "ScriptDesktop.h"
+#include "app/Program.h"
+#include "ui/qt/look.h"
+
+namespace {
+
+// The offscreen platform complains of every window that it neither sizes nor raises.
+void Print(QtMsgType, const QMessageLogContext&, const QString& text) {
+    if (text.startsWith(u"This plugin does not support")) return;
+    std::fprintf(stderr, "%s\n", qUtf8Printable(text));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(Print);
+    QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() != 2) {
+        std::fputs("usage: panel_driver FOLDER\n", stderr);
+        return 2;
+    }
+    ssq::ApplyLook(application);
+    ssq::ScriptDesktop desktop;
+    ssq::Program program(desktop, arguments[1].toStdString());
+    ssq::Driver driver(program, desktop);
+    program.Start();
+    driver.Start();
+    const int code = QApplication::exec();
+    driver.Finish();
+    return code;
+}
