@@ -131,6 +131,17 @@ void GridPainter::PaintLines(const Pane& pane) {
     }
 }
 
+void GridPainter::PaintTexts(const Pane& pane) {
+    for (int row = pane.rows.first; row <= pane.rows.last; ++row) {
+        for (int col = pane.cols.first; col <= pane.cols.last; ++col) {
+            if (scene_.grid.cell(row, col).empty()) continue;
+            const PixelRect rect =
+                scene_.geometry.CellRect(row, col, scene_.scroll.x(), scene_.scroll.y());
+            if (!rect.empty()) PaintText(row, col, Rect(rect));
+        }
+    }
+}
+
 void GridPainter::PaintText(int row, int col, const QRect& rect) {
     const CellStyle& style = scene_.grid.style(row, col);
     QString text = CellText(scene_.grid.cell(row, col));
