@@ -7,6 +7,7 @@
 #include "banker/frmXUEXI.h"
 #include "banker/frmxxjl.h"
 #include "charts/frmZST.h"
+#include "kill/frmSHAMA.h"
 
 namespace ssq {
 
@@ -22,6 +23,7 @@ std::unique_ptr<QWidget> Make(const PanelContext& context, QWidget* parent) {
 const std::map<QString, MakePanel>& Makers() {
     static const std::map<QString, MakePanel> kMakers = {
         {QStringLiteral("frmHistory"), Make<frmHistory>},
+        {QStringLiteral("frmSHAMA"), Make<frmSHAMA>},
         {QStringLiteral("frmXUEXI"), Make<frmXUEXI>},
         {QStringLiteral("frmZST"), Make<frmZST>},
         {QStringLiteral("frmxxjl"), Make<frmxxjl>},

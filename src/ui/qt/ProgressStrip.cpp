@@ -41,6 +41,10 @@ void ProgressStrip::Set(const std::string& text) {
     Apply(Qs(text));
 }
 
+void ProgressStrip::Tell(const std::string& text) {
+    Apply(Qs(text));
+}
+
 void ProgressStrip::Begin() {
     sinceApplied_.invalidate();
     Apply({});

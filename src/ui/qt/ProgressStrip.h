@@ -19,6 +19,9 @@ class ProgressStrip final : public QFrame {
     // laid out.
     void Set(const std::string& text);
 
+    // The same at once, for the few texts that mark the steps of a run.
+    void Tell(const std::string& text);
+
     // Shows or hides the strip.
     void Begin();
     void End();

@@ -1,0 +1,89 @@
+#include "kill/KillSettings.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "app/Public_var.h"
+#include "app/numbers.h"
+#include "app/text.h"
+#include "ui/Host.h"
+
+namespace ssq {
+
+namespace {
+
+constexpr int kLowestRate = 10;
+constexpr int kHighestRate = 100;
+
+int ToInt(std::int64_t value) {
+    using Limits = std::numeric_limits<int>;
+    return static_cast<int>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
+}
+
+// What is wrong with the trimmed texts; empty when nothing is.
+std::string Fault(const std::string& xxqs, const std::string& rate) {
+    if (!IsNumeric(xxqs)) return "学习期数只能为数字！";
+    if (!IsNumeric(rate)) return "杀对概率只能为数字！";
+    if (WholePart(rate) > kHighestRate || WholePart(rate) < kLowestRate) {
+        return "杀对概率不能大于100%或小于10%！";
+    }
+    return "";
+}
+
+}  // namespace
+
+std::optional<KillSettings> ReadKillSettings(Session& session) {
+    Recordset rows;
+    if (!QueryOrTell(session, "select top 1 xxqs,dmgs,rc,setRate from vqs where itype=1", rows) ||
+        rows.eof()) {
+        return std::nullopt;
+    }
+    return KillSettings{ToInt(rows.Int("xxqs")), ToInt(rows.Int("dmgs")), ToInt(rows.Int("rc")),
+                        rows.Number("setRate")};
+}
+
+std::optional<KillSettings> ReadKillSettingsOrTell(Session& session) {
+    std::optional<KillSettings> settings = ReadKillSettings(session);
+    if (!settings) session.host.ShowMessage("读取参数出错！");
+    return settings;
+}
+
+bool SaveKillSettings(Session& session, std::string_view xxqsText, std::string_view rateText,
+                      int dmgs, int rc) {
+    const std::string xxqs = Trim(xxqsText);
+    const std::string rate = Trim(rateText);
+    if (const std::string fault = Fault(xxqs, rate); !fault.empty()) {
+        session.host.ShowMessage(fault);
+        return false;
+    }
+    Recordset rows;
+    if (!QueryOrTell(session, "Select * from vqs where itype=1", rows)) return false;
+    const std::string q = std::to_string(WholePart(xxqs));
+    const std::string p = std::to_string(WholePart(rate));
+    const std::string s = std::to_string(dmgs);
+    const std::string r = std::to_string(rc);
+    return ExecuteOrTell(session, rows.eof()
+                                      ? "insert into vqs(xxqs,dmgs,rc,setRate,itype) values(" + q +
+                                            "," + s + "," + r + "," + p + ",1)"
+                                      : "Update vqs Set xxqs=" + q + ",dmgs=" + s + ",rc=" + r +
+                                            ",setRate=" + p + " where itype=1");
+}
+
+KillProposal DefaultKillSettings(int dmgs) {
+    if (dmgs <= 0) return {2, 0, false, "40"};
+    return {dmgs + 2, dmgs + 1, true, "90"};
+}
+
+KillProposal ProposeKillSettings(int dmgs, const KillSettings& opened) {
+    KillProposal proposal = DefaultKillSettings(dmgs);
+    if (dmgs != opened.dmgs) return proposal;
+    // The size of one formula starts strict whatever was stored.
+    if (opened.rc != 0 && dmgs > 0) {
+        proposal.rcSelected = std::clamp(opened.rc, 0, proposal.rcItems - 1);
+    }
+    proposal.tolerant = opened.rc >= 1;
+    if (opened.setRate != 0) proposal.rateText = NumberText(opened.setRate);
+    return proposal;
+}
+
+}  // namespace ssq

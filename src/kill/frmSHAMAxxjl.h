@@ -1,0 +1,30 @@
+// The log of kill learning runs.
+#pragma once
+
+#include <QDialog>
+#include <functional>
+#include <string>
+
+#include "ui/qt/PanelContext.h"
+
+namespace ssq {
+
+class GridView;
+
+class frmSHAMAxxjl final : public QDialog {
+  public:
+    // Told after a restore: the record's end issue and its number of learning draws.
+    using OnRestored = std::function<void(const std::string& endIssue, int periods)>;
+
+    frmSHAMAxxjl(const PanelContext& context, OnRestored onRestored, QWidget* parent = nullptr);
+
+  private:
+    void Load();
+    void Restore();
+
+    PanelContext context_;
+    OnRestored onRestored_;
+    GridView* vs1_;
+};
+
+}  // namespace ssq
