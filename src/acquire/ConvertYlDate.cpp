@@ -1,5 +1,6 @@
 #include "acquire/ConvertYlDate.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -16,6 +17,7 @@ constexpr int kLastYear = 2100;
 constexpr std::size_t kItemLength = 7;
 constexpr int kMonthsInYear = 12;
 constexpr int kShortMonth = 29;
+constexpr int kLongMonth = 30;
 
 // One item a year from 1899 to 2100, hexadecimal: characters 1 to 3 are twelve bits, first bit =
 // month 1, 1 for 30 days and 0 for 29; character 4 is that bit of the leap month; character 5 the
@@ -89,11 +91,13 @@ std::string LunarText(std::string_view dateText) {
     LunarYear lunar = ReadYear(year);
     if (DaysBetween(lunar.newYear, *date) < 0) lunar = ReadYear(year - 1);
     int day = DaysBetween(lunar.newYear, *date) + 1;
-    std::size_t month = 0;
-    while (month + 1 < lunar.lengths.size() && day > lunar.lengths[month]) {
-        day -= lunar.lengths[month++];
-    }
     const auto leap = static_cast<std::size_t>(lunar.leapMonth);
+    const std::size_t lastMonth = leap > 0 ? kMonthsInYear : kMonthsInYear - 1;
+    std::size_t month = 0;
+    while (month < lastMonth && day > lunar.lengths[month]) day -= lunar.lengths[month++];
+    // The table's months of five years end one day before the next new year. That day belongs to
+    // the last month, whose 30th it is in the calendar.
+    day = std::min(day, kLongMonth);
     const bool isLeap = leap > 0 && month == leap;
     if (leap > 0 && month >= leap) --month;
     return (isLeap ? "闰" : "") + std::string(kMonthNames[month]) + "月" + TwoDigits(day);

@@ -9,6 +9,9 @@
 #include <QMenuBar>
 #include <QStatusBar>
 
+#include "acquire/BallOrder.h"
+#include "acquire/KjData.h"
+#include "acquire/Prizes.h"
 #include "app/Public_var.h"
 #include "app/frmMainMenu.h"
 #include "app/frmMainPanels.h"
@@ -113,6 +116,15 @@ void frmMain::RunCommand(const MenuEntry& entry) {
         case MenuAction::kLearn:
             Learn();
             return;
+        case MenuAction::kUpdateDraws:
+            UpdateDrawsOfWindow();
+            return;
+        case MenuAction::kUpdatePrizes:
+            UpdatePrizes(context_.session);
+            return;
+        case MenuAction::kUpdateBallOrder:
+            UpdateBallOrder(context_.session);
+            return;
         case MenuAction::kOpenContact:
             context_.desktop.Open(Qs(deployment.contactLink));
             return;
@@ -132,12 +144,22 @@ void frmMain::RunCommand(const MenuEntry& entry) {
 
 void frmMain::Load() {
     RefillCombos();
-    SetStatusPanel("最新:" + context_.session.LatestIssue, 1);
+    ShowLatestIssue();
     SetStatusPanel(LearningModeText(context_.session), 2);
 }
 
 void frmMain::SetStatusPanel(const std::string& text, int panel) {
     statusPanels_[panel - 1]->setText(Qs(Trim(text)));
+}
+
+void frmMain::ShowLatestIssue() {
+    SetStatusPanel("最新:" + context_.session.LatestIssue, 1);
+}
+
+void frmMain::UpdateDrawsOfWindow() {
+    if (!UpdateDraws(context_.session)) return;
+    ShowLatestIssue();
+    RefillCombos();
 }
 
 void frmMain::RefillCombos() {

@@ -24,12 +24,6 @@ class frmMain final : public QMainWindow {
     explicit frmMain(const PanelContext& context);
     ~frmMain() override;
 
-    // Sets a panel of the status bar, 1 or 2, to the text without blanks around it.
-    void SetStatusPanel(const std::string& text, int panel);
-
-    // The range of the window, refilled from the store.
-    void RefillCombos();
-
   protected:
     void closeEvent(QCloseEvent* event) override;
 
@@ -40,7 +34,12 @@ class frmMain final : public QMainWindow {
     void Run(const MenuEntry& entry);
     void RunCommand(const MenuEntry& entry);
     void Load();
+    // `panel` is 1 or 2; blanks around the text are dropped.
+    void SetStatusPanel(const std::string& text, int panel);
+    void RefillCombos();
     void OpenDialog(const QString& panel);
+    void ShowLatestIssue();
+    void UpdateDrawsOfWindow();
     void Learn();
     void Recommend();
     void BuyTickets();

@@ -12,9 +12,9 @@ constexpr const char* kClosed = "未开放";
 constexpr const char* kClosedForNow = "该功能暂不开放！";
 
 constexpr std::array kUpdate = {
-    MenuEntry{"m_u", "更新开奖数据", kOpenPanel},
-    MenuEntry{"up_jc", "更新奖池信息", kOpenPanel},
-    MenuEntry{"up_cq", "更新出球顺序", kOpenPanel},
+    MenuEntry{"m_u", "更新开奖数据", kUpdateDraws},
+    MenuEntry{"up_jc", "更新奖池信息", kUpdatePrizes},
+    MenuEntry{"up_cq", "更新出球顺序", kUpdateBallOrder},
     MenuEntry{"m_hostory", "历史开奖数据", kOpenPanel, "frmHistory"},
 };
 

@@ -12,6 +12,9 @@ enum class MenuAction {
     kSay,         // shows `argument` in a box
     kNothing,     // stands in the menu, does nothing
     kLearn,
+    kUpdateDraws,
+    kUpdatePrizes,
+    kUpdateBallOrder,
     kOpenContact,
     kOpenSite,
     kOpenHelp,

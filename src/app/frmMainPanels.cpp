@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+#include "acquire/frmSale.h"
 #include "app/frmHistory.h"
 #include "app/frmMainPopups.h"
 #include "banker/frmXUEXI.h"
@@ -23,6 +24,7 @@ std::unique_ptr<QWidget> Make(const PanelContext& context, QWidget* parent) {
 const std::map<QString, MakePanel>& Makers() {
     static const std::map<QString, MakePanel> kMakers = {
         {QStringLiteral("frmHistory"), Make<frmHistory>},
+        {QStringLiteral("frmSale"), Make<frmSale>},
         {QStringLiteral("frmSHAMA"), Make<frmSHAMA>},
         {QStringLiteral("frmXUEXI"), Make<frmXUEXI>},
         {QStringLiteral("frmZST"), Make<frmZST>},

@@ -73,12 +73,15 @@ bool IsNumeric(std::string_view text) {
     return ParseNumber(text).has_value();
 }
 
-std::int64_t WholePart(std::string_view text) {
+std::int64_t WholePart(double value) {
     constexpr double kLimit = 9.2e18;
-    const double value = std::trunc(ParseNumber(text).value_or(0));
     if (value >= kLimit) return std::numeric_limits<std::int64_t>::max();
     if (value <= -kLimit) return std::numeric_limits<std::int64_t>::min();
     return static_cast<std::int64_t>(value);
+}
+
+std::int64_t WholePart(std::string_view text) {
+    return WholePart(ParseNumber(text).value_or(0));
 }
 
 double Round(double value) {

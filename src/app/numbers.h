@@ -21,6 +21,9 @@ bool IsNumeric(std::string_view text);
 // the range of 64 bits.
 std::int64_t WholePart(std::string_view text);
 
+// The same of a number.
+std::int64_t WholePart(double value);
+
 // Two decimals, ties to the even digit.
 double Round(double value);
 

@@ -1,10 +1,10 @@
 #include "store/Dialect.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <vector>
 
-#include "app/numbers.h"
 #include "app/text.h"
 
 namespace ssq {
@@ -15,10 +15,15 @@ struct Token {
     enum class Kind { kBlank, kWord, kNumber, kQuoted, kSign };
 
     Kind kind = Kind::kSign;
-    std::string text;
+    std::string_view text;
+    std::string suffix;  // what the translation puts behind it
 
     bool Is(std::string_view word) const {
         return kind != Kind::kQuoted && EqualIgnoringCase(text, word);
+    }
+    template <typename Words>
+    bool IsOneOf(const Words& words) const {
+        return std::any_of(words.begin(), words.end(), [&](auto word) { return Is(word); });
     }
 };
 
@@ -37,6 +42,10 @@ bool IsWordCharacter(char c) {
            static_cast<unsigned char>(c) >= 0x80;
 }
 
+bool StartsQuote(char c) {
+    return c == '\'' || c == '"' || c == '[' || c == '`';
+}
+
 // Where the quoted text that starts at `from` ends; a doubled quote belongs to the text.
 std::size_t QuoteEnd(std::string_view sql, std::size_t from) {
     const char close = sql[from] == '[' ? ']' : sql[from];
@@ -49,6 +58,15 @@ std::size_t QuoteEnd(std::string_view sql, std::size_t from) {
         }
     }
     return sql.size();
+}
+
+// Where the comment that starts at `from` ends; `from` itself when none starts there.
+std::size_t CommentEnd(std::string_view sql, std::size_t from) {
+    const std::string_view start = sql.substr(from, 2);
+    if (start == "--") return std::min(sql.find('\n', from), sql.size());
+    if (start != "/*") return from;
+    const std::size_t close = sql.find("*/", from + 2);
+    return close == std::string_view::npos ? sql.size() : close + 2;
 }
 
 template <typename Test>
@@ -66,7 +84,10 @@ Tokens Tokenize(std::string_view sql) {
         if (IsBlank(c)) {
             kind = Token::Kind::kBlank;
             end = RunEnd(sql, at, IsBlank);
-        } else if (c == '\'' || c == '"' || c == '[' || c == '`') {
+        } else if (const std::size_t comment = CommentEnd(sql, at); comment > at) {
+            kind = Token::Kind::kBlank;
+            end = comment;
+        } else if (StartsQuote(c)) {
             kind = Token::Kind::kQuoted;
             end = QuoteEnd(sql, at);
         } else if (IsDigit(c)) {
@@ -76,7 +97,7 @@ Tokens Tokenize(std::string_view sql) {
             kind = Token::Kind::kWord;
             end = RunEnd(sql, at, IsWordCharacter);
         }
-        tokens.push_back({kind, std::string(sql.substr(at, end - at))});
+        tokens.push_back({kind, sql.substr(at, end - at), {}});
         at = end;
     }
     return tokens;
@@ -84,7 +105,10 @@ Tokens Tokenize(std::string_view sql) {
 
 std::string TextOf(const Tokens& tokens) {
     std::string sql;
-    for (const Token& token : tokens) sql += token.text;
+    for (const Token& token : tokens) {
+        sql += token.text;
+        sql += token.suffix;
+    }
     return sql;
 }
 
@@ -97,78 +121,100 @@ std::size_t SkipBlanks(const Tokens& tokens, std::size_t at) {
 // semicolon or the end.
 class Select {
   public:
-    Select(Tokens& tokens, std::size_t first) : tokens_(tokens), first_(first) {
+    Select(Tokens& tokens, std::size_t first) : tokens_(tokens) {
         int depth = 0;
-        for (end_ = first; end_ < tokens.size(); ++end_) {
-            if (tokens[end_].Is("(")) ++depth;
-            if (tokens[end_].Is(")") && depth-- == 0) break;
-            if (tokens[end_].Is(";") && depth == 0) break;
-            if (depth == 0 && tokens[end_].kind == Token::Kind::kWord) own_.push_back(end_);
+        for (std::size_t at = first; at < tokens.size(); ++at) {
+            if (tokens[at].Is(")") && --depth < 0) break;
+            if (tokens[at].Is(";") && depth == 0) break;
+            if (tokens[at].kind == Token::Kind::kBlank) continue;
+            if (depth == 0) own_.push_back(at);
+            if (tokens[at].Is("(")) ++depth;
         }
     }
 
-    // Takes `top N` out and gives back N.
-    std::optional<std::string> TakeTop() {
-        const std::size_t top = SkipBlanks(tokens_, first_);
-        if (top >= tokens_.size() || !tokens_[top].Is("top")) return std::nullopt;
-        const std::size_t number = SkipBlanks(tokens_, top + 1);
-        if (number >= tokens_.size() || tokens_[number].kind != Token::Kind::kNumber) {
-            return std::nullopt;
+    // Makes `top N` the limit at the select's end, and lets rows that tie on the sort key come by
+    // rowid where they are rows of one table.
+    void Translate(const std::function<bool(std::string_view)>& isTable) {
+        const std::optional<std::string> count = TakeTop();
+        if (const auto source = SortedSource(); source && isTable(*source)) {
+            const auto limit = Find("limit");
+            const std::size_t last = limit ? *limit - 1 : own_.size() - 1;
+            tokens_[own_[last]].suffix += ",rowid";
         }
-        std::string count = tokens_[number].text;
-        for (std::size_t at = top; at <= number; ++at) tokens_[at].text.clear();
-        return count;
-    }
-
-    // The one table it reads, when it reads rows of one name and neither groups nor joins.
-    std::optional<std::string> SingleSource() const {
-        const auto from = FindOwn("from");
-        if (!from || FindOwn("group") || FindOwn("distinct") || FindOwn("join") ||
-            FindOwn("union")) {
-            return std::nullopt;
-        }
-        const std::size_t name = SkipBlanks(tokens_, *from + 1);
-        if (name >= end_ || tokens_[name].kind != Token::Kind::kWord) return std::nullopt;
-        const std::size_t next = SkipBlanks(tokens_, name + 1);
-        const bool listGoesOn = next < end_ && tokens_[next].Is(",");
-        return listGoesOn ? std::nullopt : std::optional(tokens_[name].text);
-    }
-
-    bool IsOrdered() const { return FindOwn("order").has_value(); }
-
-    void Append(const std::string& text) {
-        // Before the closing sign, behind what may already have been appended.
-        Token tail{Token::Kind::kSign, text};
-        tokens_.insert(tokens_.begin() + static_cast<std::ptrdiff_t>(end_), std::move(tail));
-        ++end_;
+        if (count) tokens_[own_.back()].suffix += " limit " + *count;
     }
 
   private:
-    std::optional<std::size_t> FindOwn(std::string_view word) const {
-        for (const std::size_t at : own_) {
-            if (tokens_[at].Is(word)) return at;
+    const Token& Own(std::size_t index) const { return tokens_[own_[index]]; }
+
+    // Index into own_.
+    std::optional<std::size_t> Find(std::string_view word, std::size_t from = 0) const {
+        for (std::size_t index = from; index < own_.size(); ++index) {
+            if (Own(index).Is(word)) return index;
         }
         return std::nullopt;
     }
 
+    // Takes `top N` out and gives back N.
+    std::optional<std::string> TakeTop() {
+        const std::size_t top =
+            !own_.empty() && (Own(0).Is("distinct") || Own(0).Is("all")) ? 1 : 0;
+        if (top + 2 >= own_.size() || !Own(top).Is("top") ||
+            Own(top + 1).kind != Token::Kind::kNumber) {
+            return std::nullopt;
+        }
+        std::string count(Own(top + 1).text);
+        tokens_[own_[top]].text = {};
+        tokens_[own_[top + 1]].text = {};
+        return count;
+    }
+
+    // The one name it reads sorted rows of; none when it groups, joins or is one of several.
+    std::optional<std::string_view> SortedSource() const {
+        constexpr std::array<std::string_view, 6> kManyToOne = {"distinct", "group",     "join",
+                                                                "union",    "intersect", "except"};
+        const auto from = Find("from");
+        if (!from || *from + 1 >= own_.size()) return std::nullopt;
+        const auto order = Find("order", *from);
+        if (!order || Own(*from + 1).kind != Token::Kind::kWord) return std::nullopt;
+        for (std::size_t index = 0; index < *order; ++index) {
+            const bool listGoesOn = index > *from && Own(index).Is(",");
+            if (listGoesOn || Own(index).IsOneOf(kManyToOne)) return std::nullopt;
+        }
+        return Own(*from + 1).text;
+    }
+
     Tokens& tokens_;
-    std::size_t first_;
-    std::size_t end_ = 0;
     std::vector<std::size_t> own_;
 };
 
+// Whether a value can end with this token, so that an operator may follow.
 bool EndsOperand(const Token& token) {
-    return token.kind == Token::Kind::kNumber || token.kind == Token::Kind::kQuoted ||
-           token.Is(")") || token.kind == Token::Kind::kWord;
+    constexpr std::array<std::string_view, 19> kOpening = {
+        "select", "distinct", "all",  "where", "and",  "or",   "not", "by",      "on",    "having",
+        "in",     "like",     "case", "when",  "then", "else", "set", "between", "values"};
+    if (token.kind == Token::Kind::kWord) return !token.IsOneOf(kOpening);
+    return token.kind != Token::Kind::kSign || token.Is(")");
+}
+
+// Whether a value can begin with this token.
+bool BeginsOperand(const Token& token) {
+    constexpr std::array<std::string_view, 9> kClosing = {"from", "as", "where", "order", "group",
+                                                          "and",  "or", "asc",   "desc"};
+    if (token.kind == Token::Kind::kWord) return !token.IsOneOf(kClosing);
+    return token.kind != Token::Kind::kSign || token.Is("(") || token.Is("-") || token.Is("+");
 }
 
 void TranslateMod(Tokens& tokens) {
     const Token* previous = nullptr;
-    for (Token& token : tokens) {
+    for (std::size_t at = 0; at < tokens.size(); ++at) {
+        Token& token = tokens[at];
         if (token.kind == Token::Kind::kBlank) continue;
-        if (token.kind == Token::Kind::kWord && token.Is("mod") && previous &&
-            EndsOperand(*previous)) {
-            token = {Token::Kind::kSign, "%"};
+        if (token.Is("mod") && previous && EndsOperand(*previous)) {
+            const std::size_t next = SkipBlanks(tokens, at + 1);
+            if (next < tokens.size() && BeginsOperand(tokens[next])) {
+                token = {Token::Kind::kSign, "%", {}};
+            }
         }
         previous = &token;
     }
@@ -180,17 +226,15 @@ std::string TranslateStatement(std::string_view sql,
                                const std::function<bool(std::string_view)>& isTable) {
     Tokens tokens = Tokenize(sql);
     TranslateMod(tokens);
-    // From the last select to the first, so that what an inner one appends cannot move the
-    // beginning of an outer one.
-    for (std::size_t at = tokens.size(); at-- > 0;) {
-        if (tokens[at].kind != Token::Kind::kWord || !tokens[at].Is("select")) continue;
-        Select select(tokens, at + 1);
-        const auto count = select.TakeTop();
-        const auto source = select.SingleSource();
-        if (select.IsOrdered() && source && isTable(*source)) select.Append(",rowid");
-        if (count) select.Append(" limit " + *count);
+    for (std::size_t at = 0; at < tokens.size(); ++at) {
+        if (tokens[at].Is("select")) Select(tokens, at + 1).Translate(isTable);
     }
     return TextOf(tokens);
+}
+
+bool IsEmptyStatement(std::string_view sql) {
+    const Tokens tokens = Tokenize(sql);
+    return SkipBlanks(tokens, 0) == tokens.size();
 }
 
 }  // namespace ssq

@@ -17,6 +17,9 @@ namespace ssq {
 std::string TranslateStatement(std::string_view sql,
                                const std::function<bool(std::string_view)>& isTable);
 
+// Whether there is nothing but blanks and comments.
+bool IsEmptyStatement(std::string_view sql);
+
 // Adds the functions mid, int and day to a connection.
 void RegisterFunctions(sqlite3* database);
 

@@ -43,8 +43,7 @@ void Mid(sqlite3_context* context, int count, sqlite3_value** arguments) {
 // int(x): the largest whole number that is not above x; a text counts as the number it is.
 void Int(sqlite3_context* context, int count, sqlite3_value** arguments) {
     if (AnyNull(count, arguments)) return sqlite3_result_null(context);
-    sqlite3_result_int64(
-        context, static_cast<sqlite3_int64>(std::floor(sqlite3_value_double(arguments[0]))));
+    sqlite3_result_int64(context, WholePart(std::floor(sqlite3_value_double(arguments[0]))));
 }
 
 // day(date): the day of the month, null for what is no date.

@@ -139,6 +139,7 @@ std::vector<Draw> ReadDraws(const fs::path& file) {
 
 std::string JoinBalls(const std::vector<std::int64_t>& balls) {
     std::vector<std::string> texts;
+    texts.reserve(balls.size());
     for (const std::int64_t ball : balls) texts.push_back(ssq::TwoDigits(ball));
     return ssq::Join(texts, ",");
 }

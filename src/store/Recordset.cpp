@@ -1,7 +1,5 @@
 #include "store/Recordset.h"
 
-#include <cmath>
-
 #include "app/numbers.h"
 #include "app/text.h"
 
@@ -56,7 +54,7 @@ std::string Recordset::Text(const FieldKey& key) const {
 std::int64_t Recordset::Int(const FieldKey& key) const {
     const Value& value = Field(key);
     if (const auto* whole = std::get_if<std::int64_t>(&value)) return *whole;
-    return static_cast<std::int64_t>(std::trunc(Number(key)));
+    return WholePart(Number(key));
 }
 
 double Recordset::Number(const FieldKey& key) const {

@@ -62,6 +62,7 @@ Value ReadColumn(sqlite3_stmt* row, int column) {
 int ReadRows(sqlite3_stmt* statement, Recordset& recordset) {
     const int columns = sqlite3_column_count(statement);
     std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(columns));
     for (int column = 0; column < columns; ++column) {
         names.emplace_back(sqlite3_column_name(statement, column));
     }
@@ -117,16 +118,21 @@ bool Connection::Open(const std::filesystem::path& file, std::string& errorText)
         return false;
     }
     // A file that cannot be written can still be read, so a refused journal mode is no fault.
-    sqlite3_exec(raw, "pragma journal_mode=wal; pragma synchronous=full", nullptr, nullptr,
-                 nullptr);
+    sqlite3_exec(raw, "pragma journal_mode=wal", nullptr, nullptr, nullptr);
+    sqlite3_exec(raw, "pragma synchronous=full", nullptr, nullptr, nullptr);
     RegisterFunctions(raw);
     database_ = std::move(database);
     return true;
 }
 
 void Connection::Close() {
+    if (InTransaction()) sqlite3_exec(database_.get(), "commit", nullptr, nullptr, nullptr);
     database_.reset();
     closedText_ = kClosedText;
+}
+
+bool Connection::InTransaction() const {
+    return database_ && sqlite3_get_autocommit(database_.get()) == 0;
 }
 
 bool Connection::OpenQuery(const std::string& sql, std::string& errorText, Recordset& recordset) {
@@ -145,7 +151,7 @@ bool Connection::OpenQuery(const std::string& sql, std::string& errorText, Recor
             sqlite3_errcode(database) == SQLITE_OK ? "SQL语句为空！" : sqlite3_errmsg(database);
         return false;
     }
-    if (!Trim(rest).empty()) {
+    if (!IsEmptyStatement(rest)) {
         errorText = "SQL语句结束后还有多余的字符！";
         return false;
     }

@@ -26,10 +26,11 @@ class Connection {
     // that text.
     bool Open(const std::filesystem::path& file, std::string& errorText);
 
-    // Every later statement fails with a text that says so.
+    // Commits what is open; every later statement fails with a text that says so.
     void Close();
 
     bool isOpen() const { return database_ != nullptr; }
+    bool InTransaction() const;
 
     // Runs one statement. A statement that yields rows sets `recordset`; one that yields none
     // leaves it empty and still returns true. On an error: false, the store's own text in

@@ -1,18 +1,17 @@
 #include "store/WriteBatch.h"
 
-#include <utility>
-
 #include "app/Public_var.h"
 
 namespace ssq {
 
-WriteBatch::WriteBatch(Session& session) : session_(session) {
+WriteBatch::WriteBatch(Session& session)
+    : session_(session), isInner_(session.connection.InTransaction()) {
     session_.host.AddPumpListener(this);
     Begin();
 }
 
 WriteBatch::~WriteBatch() {
-    Commit();
+    if (!isInner_) Commit();
     session_.host.RemovePumpListener(this);
     if (!commitError_.empty()) session_.host.ShowMessage(commitError_);
 }
@@ -26,19 +25,23 @@ void WriteBatch::AfterPump() {
 }
 
 void WriteBatch::Begin() {
-    // Where this fails the statements stand alone, or belong to the batch around this one.
+    // Where this fails the statements stand alone.
     std::string errorText;
     Recordset nothing;
-    isOpen_ = session_.connection.OpenQuery("begin", errorText, nothing);
+    if (!session_.connection.InTransaction()) {
+        session_.connection.OpenQuery("begin", errorText, nothing);
+    }
 }
 
 void WriteBatch::Commit() {
-    if (!std::exchange(isOpen_, false) || !session_.connection.isOpen()) return;
+    if (!session_.connection.InTransaction()) return;
     std::string errorText;
     Recordset nothing;
     if (session_.connection.OpenQuery("commit", errorText, nothing)) return;
     commitError_ = errorText;
-    session_.connection.OpenQuery("rollback", errorText, nothing);
+    if (session_.connection.InTransaction()) {
+        session_.connection.OpenQuery("rollback", errorText, nothing);
+    }
 }
 
 }  // namespace ssq

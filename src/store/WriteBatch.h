@@ -11,8 +11,8 @@ struct Session;
 
 // While a WriteBatch lives, the statements of its run share a transaction, which is committed at
 // the batch's end and before each pump of the event loop (a box included). What was executed
-// before a failure is kept; a commit that fails is told with the store's text. Batches nest as runs
-// do.
+// before a failure is kept; a commit that fails is told with the store's text. Batches nest: one
+// that starts inside another's transaction leaves the end to it.
 class WriteBatch final : public PumpListener {
   public:
     explicit WriteBatch(Session& session);
@@ -28,7 +28,7 @@ class WriteBatch final : public PumpListener {
     void Commit();
 
     Session& session_;
-    bool isOpen_ = false;
+    bool isInner_;
     std::string commitError_;  // shown once the batch has ended
 };
 

@@ -1,0 +1,141 @@
+// Kill learning through the real window: settings, search, recommendation, log.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QJsonArray>
+
+#include "app/text.h"
+#include "support/DriverClient.h"
+
+namespace ssq {
+namespace {
+
+using testing::ElementsAre;
+
+class KillRoad : public testing::Test {
+  protected:
+    void SetUp() override { driver.Menu("m_shamatujian"); }
+
+    std::vector<std::string> Learn(int dmgs, const QString& draws, const QString& rate) {
+        driver.Click("Command2");
+        driver.Choose("cboSmGs", dmgs);
+        driver.Set("txtQS", draws);
+        driver.Set("txtGL", rate);
+        return DriverClient::Messages(driver.Click("Command1"));
+    }
+    QJsonArray Row(const QString& sql) {
+        return driver.Do({{"do", "sql"}, {"text", sql}})["rows"][0].toArray();
+    }
+    QJsonObject Control(const char* name) { return driver.Do({{"do", "get"}, {"control", name}}); }
+
+    DriverClient driver{SSQ_DELIVERED_DATABASE};
+};
+
+TEST_F(KillRoad, LearnsEverySizeAndShowsTheLearnedDraws) {
+    for (int dmgs = 0; dmgs < 4; ++dmgs) {
+        EXPECT_THAT(Learn(dmgs, "10", "10"), ElementsAre());
+        const std::string dsgs =
+            Row("select dsgs from tDs where dstype=1")[0].toString().toStdString();
+        EXPECT_EQ(Split(dsgs, ",").size(), std::size_t(dmgs + 1)) << dsgs;
+        const QJsonArray record =
+            Row("select top 1 endDate,tQs,tDsGs,tRcGs,tGsStr from tSrecord order by id desc");
+        const int rc = dmgs == 0 ? 0 : dmgs + 1;
+        EXPECT_EQ(record, (QJsonArray{2026114, 10, dmgs, rc, QString::fromStdString(dsgs)}));
+
+        const QJsonObject grid = driver.Grid("vs1");
+        const int kills = 6 * (dmgs + 1);
+        EXPECT_EQ(grid["rows"].toInt(), 13);
+        EXPECT_EQ(grid["cols"].toInt(), kills + 4);
+        EXPECT_EQ(driver.Text("cboSdate"), "2026105");
+        EXPECT_EQ(DriverClient::Cell(grid, 1, 0), "2026105");
+        EXPECT_EQ(DriverClient::Cell(grid, 11, 1), "2026115期杀号推荐");
+        EXPECT_EQ(driver.Text("Frame2"), "杀码统计结果,共10期数据(当前的学习模式是：10期内杀" +
+                                             std::to_string(kills) + "码,最多允许错" +
+                                             std::to_string(rc) + "码)");
+        // The rate of the search counts draws, and so does the verdict of these very draws when
+        // no number may be wrong.
+        if (dmgs == 0) {
+            EXPECT_EQ(DriverClient::Cell(grid, 12, kills + 3),
+                      std::to_string(Row("select dsrate from tDs")[0].toInt()));
+        }
+        EXPECT_TRUE(Control("Command2")["enabled"].toBool());
+        EXPECT_FALSE(Control("frmMsg")["visible"].toBool());
+    }
+}
+
+TEST_F(KillRoad, KeepsTheStuckStateUntilThePanelIsClosed) {
+    EXPECT_THAT(Learn(0, "9999", "40"), ElementsAre("数据不足！"));
+    EXPECT_FALSE(Control("Command2")["enabled"].toBool());
+    EXPECT_TRUE(Control("frmMsg")["visible"].toBool());
+    EXPECT_EQ(driver.Text("LBLmsg"), "准备数据中，首次运行较慢");
+    driver.Do({{"do", "close"}});
+    driver.Menu("m_shamatujian");
+    EXPECT_TRUE(Control("Command2")["enabled"].toBool());
+    EXPECT_FALSE(Control("frmMsg")["visible"].toBool());
+}
+
+TEST_F(KillRoad, ProposesSettingsBySize) {
+    Learn(1, "7", "60");
+    driver.Click("Command2");
+    const auto shown = [&] {
+        return driver.Text("txtQS") + " " + driver.Text("txtGL") + " " +
+               std::to_string(Control("cboycGs")["index"].toInt()) + "/" +
+               std::to_string(Control("cboycGs")["items"].toArray().size()) +
+               (Control("cboycGs")["enabled"].toBool() ? " on" : " off");
+    };
+    EXPECT_EQ(shown(), "7 60 2/3 on");
+    driver.Choose("cboSmGs", 0);
+    EXPECT_EQ(shown(), "7 40 0/2 off");
+    driver.Choose("cboSmGs", 3);
+    EXPECT_EQ(shown(), "7 90 4/5 on");
+    driver.Choose("cboSmGs", 1);
+    EXPECT_EQ(shown(), "7 60 2/3 on");
+    driver.Click("Command3");
+    EXPECT_EQ(shown(), "5 90 2/3 on");
+    driver.Do({{"do", "key"}, {"control", "txtQS"}, {"key", "Escape"}});
+    EXPECT_EQ(driver.Click("Command2")["panel"].toString(), "frmSHAMA");
+    EXPECT_EQ(Row("select xxqs,setRate from vqs where itype=1"), (QJsonArray{7, 60}));
+}
+
+TEST_F(KillRoad, RestoresARecordAndCopiesItsConditions) {
+    EXPECT_THAT(DriverClient::Messages(driver.Click("Command3")), ElementsAre("还没有学习记录！"));
+    driver.Click("Command2");
+    driver.Set("cboEdate", "2026100");
+    Learn(3, "8", "50");
+    const QJsonArray learned = Row("select dsgs,dsrate from tDs");
+    const QJsonObject before = driver.Grid("vs1");
+    driver.Set("cboEdate", "2026114");
+    Learn(0, "5", "10");
+
+    driver.Click("Command3");
+    EXPECT_EQ(DriverClient::Cell(driver.Grid("vs1"), 2, 3), "24");
+    driver.Do({{"do", "select"},
+               {"control", "vs1"},
+               {"row", 2},
+               {"col", 0},
+               {"rowSel", 2},
+               {"colSel", 0}});
+    EXPECT_EQ(driver.Click("Command1")["modal"].toString(), "frmSHAMAxxjl");
+    driver.Click("Command2");
+    EXPECT_EQ(Row("select dsgs,dsrate from tDs"), learned);
+    EXPECT_EQ(driver.Text("cboEdate"), "2026100");
+    EXPECT_EQ(driver.Grid("vs1")["cells"], before["cells"]);
+
+    driver.Do({{"do", "popup"},
+               {"control", "vs1"},
+               {"row", 9},
+               {"col", 2},
+               {"entry", "shama_tiaojiangeshi"}});
+    const auto lines =
+        Split(driver.Do({{"do", "clipboard"}})["text"].toString().toStdString(), "\r\n");
+    ASSERT_EQ(lines.size(), 4U + 7U + 1U);  // four groups, seven pairs, the end of the last line
+    EXPECT_EQ(lines[0].substr(0, 2), DriverClient::Cell(before, 9, 2));
+    EXPECT_EQ(lines[4],
+              DriverClient::Cell(before, 9, 2) + "," + DriverClient::Cell(before, 9, 8) + "/0~1");
+    driver.Do({{"do", "popup"}, {"control", "vs1"}, {"row", 9}, {"col", 3}, {"entry", "m_smfuzi"}});
+    EXPECT_EQ(driver.Do({{"do", "clipboard"}})["text"].toString().toStdString(),
+              DriverClient::Cell(before, 9, 3));
+}
+
+}  // namespace
+}  // namespace ssq

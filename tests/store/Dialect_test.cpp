@@ -1,0 +1,145 @@
+#include "store/Dialect.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/TestDatabase.h"
+
+namespace ssq {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+std::string Translate(std::string_view sql) {
+    return TranslateStatement(sql, [](std::string_view name) { return name == "t"; });
+}
+
+TEST(Dialect, TranslatesByTokens) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"select top 3 * from v order by a desc", "select   * from v order by a desc limit 3"},
+        {"Select  TOP 4  a7 from v where k<5;", "Select     a7 from v where k<5 limit 4;"},
+        {"insert into r(c) select  top 2 a1 from v",
+         "insert into r(c) select    a1 from v limit 2"},
+        {"select a from v where k in (select top 2 k from t order by k) and b=1",
+         "select a from v where k in (select   k from t order by k,rowid limit 2) and b=1"},
+        {"select top 1 a from (select top 2 a from v)",
+         "select   a from (select   a from v limit 2) limit 1"},
+        {"select distinct top 2 a from t order by a",
+         "select distinct   a from t order by a limit 2"},
+        {"select a from t order by b desc -- newest",
+         "select a from t order by b desc,rowid -- newest"},
+        {"select a from t order by b limit 5", "select a from t order by b,rowid limit 5"},
+        {"select a from t, u order by a", "select a from t, u order by a"},
+        {"select a from t x , u order by a", "select a from t x , u order by a"},
+        {"select a from t inner join u on 1 order by a",
+         "select a from t inner join u on 1 order by a"},
+        {"select a,count(a) from t group by a order by count(a)",
+         "select a,count(a) from t group by a order by count(a)"},
+        {"select 'top 3 a mod b', \"select top 1\", [top 2] from v where x='it''s mod 2'",
+         "select 'top 3 a mod b', \"select top 1\", [top 2] from v where x='it''s mod 2'"},
+        {"select top, mod from v", "select top, mod from v"},
+        {"int(mid(k,5,3))  mod 2=0 and a MOD(b) =1", "int(mid(k,5,3))  % 2=0 and a %(b) =1"},
+        {"select mod from v where mod(a,2)=1", "select mod from v where mod(a,2)=1"},
+        {"select a /* select top 1 ' */ from v", "select a /* select top 1 ' */ from v"},
+        {"select 'open", "select 'open"},
+        {"select", "select"},
+    };
+    for (const auto& [sql, expected] : cases) EXPECT_EQ(Translate(sql), expected);
+}
+
+class DialectInUse : public testing::Test {
+  protected:
+    std::vector<std::string> Column(const std::string& sql) {
+        std::vector<std::string> texts;
+        Recordset rows = database.Run(sql);
+        for (; !rows.eof(); rows.MoveNext()) texts.push_back(rows.Text(0));
+        return texts;
+    }
+    std::string ErrorOf(const std::string& sql) {
+        std::string errorText;
+        Recordset rows;
+        EXPECT_FALSE(database.session().connection.OpenQuery(sql, errorText, rows)) << sql;
+        EXPECT_EQ(rows.recordcount(), 0);
+        return errorText;
+    }
+
+    TestDatabase database;
+};
+
+TEST_F(DialectInUse, KeepsInsertionOrderAmongTies) {
+    for (const char* row : {"'b',50", "'c',60", "'a',50", "'e',60", "'d',50"}) {
+        database.Run("insert into trate(gs,rate) values(" + std::string(row) + ")");
+    }
+    for (const char* index : {"select 1", "create index byRate on trate(rate)"}) {
+        database.Run(index);
+        EXPECT_THAT(Column("select gs from trate order by rate desc"),
+                    ElementsAre("c", "e", "b", "a", "d"));
+        EXPECT_THAT(Column("Select top 3 * from TRATE order by rate desc"),
+                    ElementsAre("c", "e", "b"));
+        EXPECT_THAT(Column("select top 4 gs from trate order by rate asc"),
+                    ElementsAre("b", "a", "d", "c"));
+    }
+    for (int i = 0; i < 3; ++i) {
+        database.Run("insert into xxjl(rdate,r1gs) values('same','" + std::to_string(i) + "')");
+    }
+    database.Run("create view v as select r1gs,rdate from xxjl");
+    EXPECT_THAT(Column("select r1gs from v order by rdate desc"), ElementsAre("0", "1", "2"));
+}
+
+TEST_F(DialectInUse, RunsTheFunctionsAndOperators) {
+    database.AddDraw(2003001, "2003-02-23", "10,11,12,13,26,28", 11);
+    database.AddDraw(2003002, "2003-02-27", "04,09,19,20,21,26", 12);
+    database.Run("update cphm set kjDate='2003-2-7' where kjqh=2003002");
+    const std::pair<const char*, const char*> cases[] = {
+        {"mid(kjqh,5,3)='002'", "2003002"},
+        {"mid(KJQH,7,1)='1'", "2003001"},
+        {"int(mid(kjqh,5,3)) mod 2=1 and  kjqh>=2003001", "2003001"},
+        {"day(kjdate)=7", "2003002"},
+        {"kjqh>(select max(kjqh)-1 from cphm )", "2003002"},
+        {"int(-a1/4.0)=-3", "2003001"},
+        {"mid('红球号码',2,2)='球号' and int('3.9')=3 and a7=11", "2003001"},
+        {"day('2003-02-30') is null and mid(cqsx,1,2) is null and a7=12", "2003002"},
+    };
+    for (const auto& [condition, issue] : cases) {
+        EXPECT_THAT(Column("Select kjqh from cphm where " + std::string(condition)),
+                    ElementsAre(issue))
+            << condition;
+    }
+    database.Run(
+        "insert into rtoc(colvalue) select  top 1 a1 from cphm where kjqh<=2003002 "
+        "order by kjqh desc");
+    EXPECT_THAT(Column("select colvalue from rtoc"), ElementsAre("4"));
+}
+
+TEST_F(DialectInUse, RunsOneStatementAtATime) {
+    EXPECT_THAT(Column("  \r\n select 1 ; -- done\n /* and out */ "), ElementsAre("1"));
+    EXPECT_EQ(database.Run("update cphm set qid=1 where kjqh=7").FieldCount(), 0);
+    EXPECT_THAT(ErrorOf("delete from vqs; delete from gsjs"), HasSubstr("多余"));
+    EXPECT_THAT(ErrorOf("delete from vqs;;"), HasSubstr("多余"));
+    EXPECT_THAT(ErrorOf(std::string("delete from vqs\0where 1=0", 25)), HasSubstr("多余"));
+    EXPECT_THAT(Column("select count(*) from vqs"), ElementsAre("1"));
+    EXPECT_NE(ErrorOf(" -- nothing"), "");
+    EXPECT_NE(ErrorOf("insert into trate(gs,rate) values(select gs1 from xxjl where "), "");
+    EXPECT_THAT(ErrorOf("Select count(*) from BMHZ"), HasSubstr("BMHZ"));
+    EXPECT_FALSE(TableExists(database.session(), "BMHZ"));
+    EXPECT_TRUE(TableExists(database.session(), "TDS"));
+    EXPECT_THAT(database.host().boxes, ElementsAre());
+}
+
+TEST_F(DialectInUse, ReadsFieldsByNameAndPosition) {
+    const Recordset rows =
+        database.Run("select max(kjqh), 7 as 蓝球, 2.50 as Rate, 'x1' as n from cphm");
+    EXPECT_EQ(rows.recordcount(), 1);
+    EXPECT_TRUE(rows.IsNull(0));
+    EXPECT_EQ(rows.Int(0), 0);
+    EXPECT_EQ(rows.Text("蓝球"), "7");
+    EXPECT_EQ(rows.Text("RATE"), "2.5");
+    EXPECT_EQ(rows.Int("rate"), 2);
+    EXPECT_TRUE(rows.IsNull("other"));
+    EXPECT_TRUE(rows.IsNull(4));
+    EXPECT_EQ(rows.FieldName(1), "蓝球");
+}
+
+}  // namespace
+}  // namespace ssq

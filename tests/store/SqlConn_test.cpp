@@ -1,0 +1,119 @@
+#include "store/SqlConn.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "support/TestDatabase.h"
+
+namespace ssq {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+std::string Bytes(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+class OpenFailure : public testing::Test {
+  protected:
+    // What opening says; every later statement must say the same.
+    std::string Refusal(const fs::path& file) {
+        Connection connection;
+        std::string errorText;
+        EXPECT_FALSE(connection.Open(file, errorText));
+        EXPECT_FALSE(connection.isOpen());
+        std::string laterText;
+        Recordset rows;
+        EXPECT_FALSE(connection.OpenQuery("select 1", laterText, rows));
+        EXPECT_EQ(laterText, errorText);
+        return errorText;
+    }
+
+    TempFolder folder;
+    const std::string delivered = Bytes(SSQ_DELIVERED_DATABASE);
+};
+
+TEST_F(OpenFailure, IsToldForWhatIsNoDatabase) {
+    EXPECT_THAT(Refusal(folder.path() / "none.mdb"), HasSubstr("unable to open"));
+    EXPECT_FALSE(fs::exists(folder.path() / "none.mdb"));
+    EXPECT_THAT(Refusal(folder.path()), HasSubstr("unable to open"));
+    EXPECT_THAT(Refusal(folder.Write("empty.mdb", "")), HasSubstr("not a database"));
+    EXPECT_THAT(Refusal(folder.Write("text.mdb", std::string(9000, 'x'))),
+                HasSubstr("not a database"));
+    EXPECT_THAT(Refusal(folder.Write("cut.mdb", delivered.substr(0, delivered.size() / 2))),
+                HasSubstr("malformed"));
+    std::string scratched = delivered;
+    scratched.replace(scratched.size() / 2, 4096, 4096, '\xff');
+    EXPECT_NE(Refusal(folder.Write("scratched.mdb", scratched)), "");
+}
+
+TEST_F(OpenFailure, IsToldForALockedFile) {
+    const fs::path file = folder.Write("locked.mdb", delivered);
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(file.c_str(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "begin exclusive", nullptr, nullptr, nullptr), SQLITE_OK);
+    EXPECT_THAT(Refusal(file), HasSubstr("locked"));
+    sqlite3_close(other);
+    Connection connection;
+    std::string errorText;
+    EXPECT_TRUE(connection.Open(file, errorText)) << errorText;
+}
+
+TEST_F(OpenFailure, IsNoneForAPathOfAnyBytesOrOddNames) {
+    for (const char* name : {"file:数据 ?mode=memory%20.mdb", "\xff\xfe.mdb"}) {
+        Connection connection;
+        std::string errorText;
+        EXPECT_TRUE(connection.Open(folder.Write(name, delivered), errorText)) << errorText;
+    }
+}
+
+TEST_F(OpenFailure, IsNoneForAFileThatMayOnlyBeRead) {
+    const fs::path file = folder.Write("read.mdb", delivered);
+    fs::permissions(folder.path(), fs::perms{0555});
+    fs::permissions(file, fs::perms{0444});
+    const uid_t user = geteuid();
+    constexpr uid_t kNobody = 65534;
+    ASSERT_EQ(seteuid(user == 0 ? kNobody : user), 0);
+    std::string errorText;
+    Recordset rows;
+    {
+        Connection connection;
+        EXPECT_TRUE(connection.Open(file, errorText)) << errorText;
+        EXPECT_TRUE(connection.OpenQuery("select count(*) from cphm", errorText, rows))
+            << errorText;
+        EXPECT_GT(rows.Int(0), 3000);
+        EXPECT_FALSE(connection.OpenQuery("delete from trate", errorText, rows));
+        EXPECT_THAT(errorText, HasSubstr("readonly"));
+    }
+    ASSERT_EQ(seteuid(user), 0);
+    fs::permissions(folder.path(), fs::perms{0755});
+}
+
+TEST(OpenDatabase, TellsTheUserAndGoesOn) {
+    TempFolder folder;
+    TestHost host;
+    Session session(host, folder.path());
+    OpenDatabase(session);
+    ASSERT_EQ(host.boxes.size(), 1U);
+    EXPECT_EQ(host.boxes[0].title, "提示");
+    EXPECT_FALSE(ExecuteOrTell(session, "delete from trate"));
+    ASSERT_EQ(host.boxes.size(), 2U);
+    EXPECT_EQ(host.boxes[1], host.boxes[0]);
+}
+
+TEST(Connection, SaysThatItIsClosed) {
+    TestDatabase database;
+    database.session().connection.Close();
+    EXPECT_FALSE(TableExists(database.session(), "cphm"));
+    EXPECT_THAT(database.host().Texts(), testing::ElementsAre("数据库没有打开！"));
+}
+
+}  // namespace
+}  // namespace ssq

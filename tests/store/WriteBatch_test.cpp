@@ -1,0 +1,148 @@
+#include "store/WriteBatch.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "support/TestDatabase.h"
+
+namespace ssq {
+namespace {
+
+using testing::ElementsAre;
+
+class WriteBatchTest : public testing::Test {
+  protected:
+    void Insert(int count) {
+        for (int i = 0; i < count; ++i) database.Run("insert into rtoc(colvalue) values(1)");
+    }
+
+    // Rows that another program sees.
+    std::int64_t RowsOnDisk() {
+        Connection other;
+        std::string errorText;
+        Recordset rows;
+        EXPECT_TRUE(other.Open(database.file(), errorText)) << errorText;
+        EXPECT_TRUE(other.OpenQuery("select count(*) from rtoc", errorText, rows)) << errorText;
+        return rows.Int(0);
+    }
+
+    void Pump() { database.session().host.ShowMessage("pump"); }
+
+    TestDatabase database;
+};
+
+TEST_F(WriteBatchTest, ReachesTheDiskAtItsEndAndAtEachPump) {
+    std::vector<std::int64_t> seen;
+    database.host().onPump = [&] { seen.push_back(RowsOnDisk()); };
+    {
+        const WriteBatch batch(database.session());
+        Insert(2);
+        EXPECT_EQ(RowsOnDisk(), 0);
+        Pump();
+        Insert(1);
+        EXPECT_EQ(RowsOnDisk(), 2);
+    }
+    EXPECT_EQ(RowsOnDisk(), 3);
+    EXPECT_THAT(seen, ElementsAre(2));
+}
+
+TEST_F(WriteBatchTest, KeepsWhatWasDoneBeforeAFailure) {
+    {
+        const WriteBatch batch(database.session());
+        Insert(2);
+        EXPECT_FALSE(ExecuteOrTell(database.session(), "insert into nowhere values(1)"));
+        Insert(1);
+    }
+    EXPECT_EQ(RowsOnDisk(), 3);
+}
+
+TEST_F(WriteBatchTest, NestsInsideARunAndInsideAPump) {
+    std::vector<std::int64_t> seen;
+    database.host().onPump = [&] {
+        seen.push_back(RowsOnDisk());
+        const WriteBatch inPump(database.session());
+        Insert(10);
+    };
+    {
+        const WriteBatch outer(database.session());
+        Insert(1);
+        {
+            const WriteBatch inner(database.session());
+            Insert(1);
+            Pump();
+            Insert(1);
+        }
+        EXPECT_EQ(RowsOnDisk(), 12);  // the outer batch goes on
+        Insert(1);
+        Pump();
+    }
+    EXPECT_THAT(seen, ElementsAre(2, 14));
+    EXPECT_EQ(RowsOnDisk(), 24);
+}
+
+TEST_F(WriteBatchTest, SurvivesAConnectionClosedInAPump) {
+    database.host().onPump = [&] { database.session().connection.Close(); };
+    {
+        const WriteBatch batch(database.session());
+        Insert(2);
+        Pump();
+        EXPECT_FALSE(database.session().connection.isOpen());
+    }
+    EXPECT_EQ(RowsOnDisk(), 2);
+    EXPECT_THAT(database.host().Texts(), ElementsAre("pump"));
+}
+
+TEST_F(WriteBatchTest, SurvivesAConnectionClosedInTheMiddle) {
+    {
+        const WriteBatch batch(database.session());
+        Insert(2);
+        database.session().connection.Close();
+    }
+    EXPECT_EQ(RowsOnDisk(), 2);
+}
+
+// Writes without end in a process of its own, telling the count after each pump, until killed.
+[[noreturn]] void WriteUntilKilled(const std::filesystem::path& folder, int pipe) {
+    TestHost host;
+    Session session(host, folder);
+    OpenDatabase(session);
+    const WriteBatch batch(session);
+    for (std::int64_t count = 1;; ++count) {
+        if (!ExecuteOrTell(session, "insert into rtoc(colvalue) values(1)")) _exit(1);
+        if (count % 50 != 0) continue;
+        host.ShowMessage("");
+        if (write(pipe, &count, sizeof count) != sizeof count) _exit(1);
+    }
+}
+
+TEST_F(WriteBatchTest, LosesNothingReportedWhenTheProcessIsKilled) {
+    std::int64_t before = 0;
+    for (int round = 0; round < 5; ++round) {
+        int ends[2];
+        ASSERT_EQ(pipe(ends), 0);
+        const pid_t child = fork();
+        if (child == 0) WriteUntilKilled(database.folder(), ends[1]);
+        close(ends[1]);
+        std::int64_t reported = 0;
+        for (int i = 0; i < 3 + round; ++i) {
+            ASSERT_EQ(read(ends[0], &reported, sizeof reported), sizeof reported);
+        }
+        kill(child, SIGKILL);
+        int status = 0;
+        waitpid(child, &status, 0);
+        ASSERT_TRUE(WIFSIGNALED(status));
+        while (read(ends[0], &reported, sizeof reported) > 0) {
+        }
+        close(ends[0]);
+        const std::int64_t after = RowsOnDisk();
+        EXPECT_GE(after, before + reported);
+        before = after;
+    }
+}
+
+}  // namespace
+}  // namespace ssq
