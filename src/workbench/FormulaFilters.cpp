@@ -84,9 +84,9 @@ FormulaThreshold ThresholdOf(const FormulaFilter& filter, const std::string& tex
     return std::abs(ParseNumber(trimmed).value_or(0));
 }
 
-bool FilterForWorkbench(Session& session, const ResultGrid& statistics,
-                        const std::string& endIssue, const FormulaFilter& filter,
-                        const std::string& thresholdText, FormulaFilterResult& result) {
+bool FilterForWorkbench(Session& session, const ResultGrid& statistics, const std::string& endIssue,
+                        const FormulaFilter& filter, const std::string& thresholdText,
+                        FormulaFilterResult& result) {
     NextDraw next;
     if (!ReadNext(session, statistics, endIssue, "没有统计数据！", next)) return false;
     result.grid = HeadingRow(filter, next.NumbersHeading(), next.HitsHeading());
@@ -102,8 +102,8 @@ bool FilterForOmissionScreen(Session& session, const ResultGrid& statistics,
                              FormulaFilterResult& result) {
     NextDraw next;
     if (!ReadNext(session, statistics, endIssue, "没有数据！", next)) return false;
-    result.issueCaption = "截至期号：" + endIssue + "   下期期号：" + next.issue() +
-                          " 开奖号码：" + next.drawText();
+    result.issueCaption =
+        "截至期号：" + endIssue + "   下期期号：" + next.issue() + " 开奖号码：" + next.drawText();
     result.grid = HeadingRow(filter, "该公式的号码", next.HitsHeading());
     AddAllPassing(result.grid, statistics, filter, threshold, next);
     result.resultCaption = "截至：" + endIssue + "期," + condition + "的公式筛选结果,共" +

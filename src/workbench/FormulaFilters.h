@@ -43,9 +43,9 @@ struct FormulaFilterResult {
 
 // Filters the rows of the statistics grid against the draw after `endIssue`. False after a failure
 // that has been shown; the result is untouched then.
-bool FilterForWorkbench(Session& session, const ResultGrid& statistics,
-                        const std::string& endIssue, const FormulaFilter& filter,
-                        const std::string& thresholdText, FormulaFilterResult& result);
+bool FilterForWorkbench(Session& session, const ResultGrid& statistics, const std::string& endIssue,
+                        const FormulaFilter& filter, const std::string& thresholdText,
+                        FormulaFilterResult& result);
 
 // The same for the omission screen; `condition` is the text of the statistics' condition.
 bool FilterForOmissionScreen(Session& session, const ResultGrid& statistics,

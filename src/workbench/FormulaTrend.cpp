@@ -27,8 +27,8 @@ bool FormulaTrend(Session& session, const std::string& key, const PeriodRange& r
     Recordset rows;
     if (!QueryOrTell(session,
                      "Select top " + std::to_string(periods) + "  " + key +
-                         ",kjqh from bmhz where kjqh>=" + range.start +
-                         " and  kjqh<=" + range.end + " order by kjqh asc",
+                         ",kjqh from bmhz where kjqh>=" + range.start + " and  kjqh<=" + range.end +
+                         " order by kjqh asc",
                      rows)) {
         return false;
     }

@@ -49,8 +49,7 @@ bool StoreCounts(Session& session, const std::string& named) {
     for (int number = 1; number <= RedSet::kLargest; ++number) {
         const std::string hm = TwoDigits(number);
         const std::string cs = std::to_string(RegexCount(hm, named));
-        if (!ExecuteOrTell(session,
-                           "Insert into hSort(hm,cs) values('" + hm + "'," + cs + ")")) {
+        if (!ExecuteOrTell(session, "Insert into hSort(hm,cs) values('" + hm + "'," + cs + ")")) {
             return false;
         }
     }

@@ -49,18 +49,11 @@ QComboBox* AddFreeCombo(QBoxLayout* row, const char* name, const char* label,
     return combo;
 }
 
-void AddEntry(QMenu& menu, const char* name, const char* caption, std::function<void()> action) {
-    QAction* entry = menu.addAction(QString::fromUtf8(caption));
-    entry->setObjectName(QString::fromUtf8(name));
-    QObject::connect(entry, &QAction::triggered, &menu, std::move(action));
-}
-
 }  // namespace
 
 frmShaHao::frmShaHao(const PanelContext& context, QWidget* parent)
     : QWidget(parent), context_(context) {
-    auto* column =
-        SetUpPanel(*this, "frmShaHao", QStringLiteral("公式胆杀--胆杀利器"), 1100, 720);
+    auto* column = SetUpPanel(*this, "frmShaHao", QStringLiteral("公式胆杀--胆杀利器"), 1100, 720);
     BuildInputs(column);
     BuildTabs(column);
     FillIssueCombo(context_, *cboEdate_);
@@ -118,12 +111,12 @@ void frmShaHao::BuildTabs(QBoxLayout* column) {
 void frmShaHao::BuildFilters(QBoxLayout* views) {
     filters_ = AddGroup(views, "Frame2", QStringLiteral("筛选条件"));
     auto* row = AddRow(filters_);
-    cboYLCS_ = AddFreeCombo(row, "cboYLCS", "当前遗漏次数>=",
-                            {"1", "5", "10", "30", "50", kGapFilter.maximumKeyword});
+    cboYLCS_ = AddFreeCombo(
+        row, "cboYLCS", "当前遗漏次数>=", {"1", "5", "10", "30", "50", kGapFilter.maximumKeyword});
     AddButton(row, "Command2", QStringLiteral("筛选"),
               [this] { Filter(kGapFilter, cboYLCS_->currentText()); });
-    cboYCCS_ = AddFreeCombo(row, "cboYCCS", "当前连出次数>=",
-                            {"1", "5", "10", "30", "50", kRunFilter.maximumKeyword});
+    cboYCCS_ = AddFreeCombo(
+        row, "cboYCCS", "当前连出次数>=", {"1", "5", "10", "30", "50", kRunFilter.maximumKeyword});
     AddButton(row, "Command3", QStringLiteral("筛选"),
               [this] { Filter(kRunFilter, cboYCCS_->currentText()); });
     txtGL_ = AddTextBox(row, "txtGL", QStringLiteral("出现概率>="));
@@ -152,16 +145,17 @@ void frmShaHao::RaisePopup(GridView& view, const QPoint& place) {
     if (&view == vs1_) {
         menu.setTitle(QStringLiteral("公式"));
         menu.setObjectName(QStringLiteral("m_gongshi"));
-        AddEntry(menu, "haomao_fuz", "复制号码", copy);
-        AddEntry(menu, "gszst", "该公式走势图", chart);
+        AddEntry(menu, "haomao_fuz", QStringLiteral("复制号码"), copy);
+        AddEntry(menu, "gszst", QStringLiteral("该公式走势图"), chart);
     } else {
         menu.setTitle(QStringLiteral("公式1"));
         menu.setObjectName(QStringLiteral("m_gongshi1"));
-        AddEntry(menu, "gs1_fz", "复制号码", copy);
-        AddEntry(menu, "gs1_gshm", "该公式走势图", chart);
-        AddEntry(menu, "gs1_fztj", "复制为条件格式", [&view] { CopySelectionAsCondition(view); });
+        AddEntry(menu, "gs1_fz", QStringLiteral("复制号码"), copy);
+        AddEntry(menu, "gs1_gshm", QStringLiteral("该公式走势图"), chart);
+        AddEntry(menu, "gs1_fztj", QStringLiteral("复制为条件格式"),
+                 [&view] { CopySelectionAsCondition(view); });
     }
-    AddEntry(menu, &view == vs1_ ? "gs_ylsx" : "gs1_ylsx", "遗漏筛选",
+    AddEntry(menu, &view == vs1_ ? "gs_ylsx" : "gs1_ylsx", QStringLiteral("遗漏筛选"),
              [this] { ShowOmissionScreen(); });
     context_.desktop.RaisePopup(menu, place);
 }
@@ -226,15 +220,16 @@ void frmShaHao::ShowView(int tab) {
         return;
     }
     ShowOnly(-1);
-    context_.session.host.ShowMessage(
-        "请先选择公式后,双击已经统计好的某行公式就可以显示了哦！");
+    context_.session.host.ShowMessage("请先选择公式后,双击已经统计好的某行公式就可以显示了哦！");
 }
 
 // Hides before it shows, so that the panel never has to make room for two views at once.
 void frmShaHao::ShowOnly(int tab) {
-    const std::initializer_list<std::pair<QWidget*, int>> views = {
-        {vs1_, kResultsTab}, {filters_, kFiltersTab}, {vs2_, kFiltersTab},
-        {cboZst_, kChartTab}, {chart_, kChartTab}};
+    const std::initializer_list<std::pair<QWidget*, int>> views = {{vs1_, kResultsTab},
+                                                                   {filters_, kFiltersTab},
+                                                                   {vs2_, kFiltersTab},
+                                                                   {cboZst_, kChartTab},
+                                                                   {chart_, kChartTab}};
     for (const bool shown : {false, true}) {
         for (const auto& [view, itsTab] : views) {
             if ((itsTab == tab) == shown) view->setVisible(shown);

@@ -37,24 +37,20 @@ frmShaHaoYLSX::frmShaHaoYLSX(const PanelContext& context, const frmShaHao& workb
     AddButton(beyond, "Command2", QStringLiteral("导出结果"),
               [this] { SaveGridAsExcel(context_, *vs1_); });
     auto* reaching = AddRow(operations_);
-    AddFilter(reaching, "Command3", "当前遗漏次数", "txtYLCS", kGapFilter);
-    AddFilter(reaching, "Command6", "当前连出", "txtLC", kRunFilter);
-    AddFilter(reaching, "Command7", "出现概率", "txtGL", kRateFilter)
-        ->setText(QStringLiteral("99.5"));
+    AddButton(reaching, "Command3", QStringLiteral("当前遗漏次数"),
+              [this] { FilterReaching(kGapFilter, *txtYLCS_); });
+    txtYLCS_ = AddTextBox(reaching, "txtYLCS", QStringLiteral(">="));
+    AddButton(reaching, "Command6", QStringLiteral("当前连出"),
+              [this] { FilterReaching(kRunFilter, *txtLC_); });
+    txtLC_ = AddTextBox(reaching, "txtLC", QStringLiteral(">="));
+    AddButton(reaching, "Command7", QStringLiteral("出现概率"),
+              [this] { FilterReaching(kRateFilter, *txtGL_); });
+    txtGL_ = AddTextBox(reaching, "txtGL", QStringLiteral(">="));
+    txtGL_->setText(QStringLiteral("99.5"));
 
     results_ = AddGroup(column, "Frame2", QString::fromUtf8(kResultsCaption));
     vs1_ = AddGrid(results_, "vs1");
     vs1_->onPopup = [this](const QPoint& place) { RaisePopup(place); };
-}
-
-QLineEdit* frmShaHaoYLSX::AddFilter(QBoxLayout* row, const char* button, const char* caption,
-                                    const char* box, const FormulaFilter& filter) {
-    auto* run = AddButton(row, button, QString::fromUtf8(caption), {});
-    auto* threshold = AddTextBox(row, box, QStringLiteral(">="));
-    connect(run, &QPushButton::clicked, this, [this, threshold, &filter] {
-        Filter(filter, Val(threshold->text().toStdString()));
-    });
-    return threshold;
 }
 
 void frmShaHaoYLSX::Open() {
@@ -81,6 +77,10 @@ void frmShaHaoYLSX::Filter(const FormulaFilter& filter, FormulaThreshold thresho
     results_->setTitle(Qs(result.resultCaption));
 }
 
+void frmShaHaoYLSX::FilterReaching(const FormulaFilter& filter, const QLineEdit& box) {
+    Filter(filter, Val(box.text().toStdString()));
+}
+
 void frmShaHaoYLSX::Count() {
     NumberCountResult result;
     const bool counted = CountNumbers(context_.session, vs1_->grid(), endIssue_, result);
@@ -91,13 +91,9 @@ void frmShaHaoYLSX::Count() {
 void frmShaHaoYLSX::RaisePopup(const QPoint& place) {
     QMenu menu(QStringLiteral("复制"));
     menu.setObjectName(QStringLiteral("f_mz"));
-    const auto add = [&menu](const char* name, const char* caption, auto action) {
-        QAction* entry = menu.addAction(QString::fromUtf8(caption));
-        entry->setObjectName(QString::fromUtf8(name));
-        connect(entry, &QAction::triggered, &menu, action);
-    };
-    add("m_ylsx_fz", "复制号码", [this] { CopySelection(*vs1_); });
-    add("m_fuzito500", "复制成条件格式", [this] { CopySelectionAsCondition(*vs1_); });
+    AddEntry(menu, "m_ylsx_fz", QStringLiteral("复制号码"), [this] { CopySelection(*vs1_); });
+    AddEntry(menu, "m_fuzito500", QStringLiteral("复制成条件格式"),
+             [this] { CopySelectionAsCondition(*vs1_); });
     context_.desktop.RaisePopup(menu, place);
 }
 

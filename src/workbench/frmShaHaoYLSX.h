@@ -8,7 +8,6 @@
 #include "ui/qt/PanelContext.h"
 #include "workbench/FormulaFilters.h"
 
-class QBoxLayout;
 class QGroupBox;
 class QLineEdit;
 
@@ -27,15 +26,17 @@ class frmShaHaoYLSX final : public QWidget {
     void Open();
 
   private:
-    QLineEdit* AddFilter(QBoxLayout* row, const char* button, const char* caption,
-                         const char* box, const FormulaFilter& filter);
     void Filter(const FormulaFilter& filter, FormulaThreshold threshold);
+    void FilterReaching(const FormulaFilter& filter, const QLineEdit& box);
     void Count();
     void RaisePopup(const QPoint& place);
 
     PanelContext context_;
     const frmShaHao& workbench_;
     QGroupBox* operations_;
+    QLineEdit* txtYLCS_;
+    QLineEdit* txtLC_;
+    QLineEdit* txtGL_;
     QGroupBox* results_;
     GridView* vs1_;
     std::string endIssue_;
