@@ -1,6 +1,6 @@
 #include "acquire/KjData.h"
 
-#include <algorithm>
+#include <optional>
 
 #include "acquire/ConvertYlDate.h"
 #include "acquire/getWWW.h"
@@ -144,6 +144,13 @@ std::string InsertStatement(const Harvest& harvest, std::size_t index, std::int6
            std::to_string(Weekday(*ParseDate(date))) + "," + LunarDay(LunarText(date)) + ")";
 }
 
+// The newest issue of cphm, 0 while there is none; nothing after telling of a failure.
+std::optional<std::int32_t> LocalIssue(Session& session) {
+    Recordset rows;
+    if (!QueryOrTell(session, "Select Max(kjqh) from cphm", rows)) return std::nullopt;
+    return static_cast<std::int32_t>(rows.Int(0));
+}
+
 }  // namespace
 
 std::string LatestOnlineIssue(Session& session) {
@@ -183,20 +190,21 @@ void InsertDraws(Session& session, const Harvest& harvest) {
 
 bool UpdateDraws(Session& session) {
     const std::string online = Trim(LatestOnlineIssue(session));
-    Recordset rows;
-    if (!QueryOrTell(session, "Select Max(kjqh) from cphm", rows)) return false;
-    const auto local = static_cast<std::int32_t>(rows.Int(0));
+    const auto local = LocalIssue(session);
+    if (!local) return false;
     if (!IsDrawIssue(online)) {
         session.host.ShowMessage(online.empty() ? "读不到网站上的最新期号，请稍候再试！"
                                                 : "网站上的最新期号不正确：" + Excerpt(online));
         return false;
     }
-    if (WholePart(online) <= local) {
+    if (WholePart(online) <= *local) {
         session.host.ShowMessage("数据为最新，无需更新！");
         return false;
     }
     Harvest harvest;
-    if (!HarvestPages(session, local, harvest)) return false;
+    if (!HarvestPages(session, *local, harvest)) return false;
+    // A second update, started between two pages of this one, has done its work.
+    if (LocalIssue(session) != local) return false;
     InsertDraws(session, harvest);
     if (session.host.stopping()) return false;
     RefreshLatestIssue(session);

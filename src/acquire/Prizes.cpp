@@ -148,6 +148,12 @@ std::string InsertStatement(const std::string& issue, const Notice& notice) {
            std::to_string(notice.zfj) + ")";
 }
 
+// False when a second update, started between two issues of this one, has gone on from here.
+bool IsNewestRow(Session& session, const std::string& issue) {
+    Recordset rows;
+    return QueryOrTell(session, "select max(kjqh) from cpjc", rows) && rows.Text(0) == issue;
+}
+
 }  // namespace
 
 int UpdatePrizes(Session& session) {
@@ -164,7 +170,7 @@ int UpdatePrizes(Session& session) {
         const auto notice = ReadNotice(session, issue);
         if (!notice || !ExecuteOrTell(session, InsertStatement(issue, *notice))) return count;
         ++count;
-        if (!session.host.YieldNow()) return count;
+        if (!session.host.YieldNow() || !IsNewestRow(session, issue)) return count;
     }
     session.host.ShowMessage(count == 0 ? "数据为最新，无需更新！"
                                         : "共更新" + std::to_string(count) + "期！");

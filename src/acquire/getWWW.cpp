@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <memory>
 
 #include "app/Regex.h"
@@ -73,7 +74,7 @@ bool DeclaresUtf8(std::string_view body, std::string_view contentType) {
 // counted in `faults`.
 std::string Convert(const char* charset, std::string_view bytes, std::size_t& faults) {
     const iconv_t raw = iconv_open("UTF-8", charset);
-    if (raw == reinterpret_cast<iconv_t>(-1)) return {};
+    if (reinterpret_cast<std::intptr_t>(raw) == -1) return {};
     const std::unique_ptr<void, decltype(&iconv_close)> converter(raw, &iconv_close);
     std::string text;
     std::array<char, 8192> buffer{};

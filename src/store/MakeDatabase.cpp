@@ -51,6 +51,11 @@ void Require(bool holds, const std::string& what) {
     if (!holds) throw std::runtime_error(what);
 }
 
+// Throws the store's text unless the result is the one wanted.
+void RequireResult(int result, int wanted, sqlite3* database) {
+    if (result != wanted) throw std::runtime_error(sqlite3_errmsg(database));
+}
+
 std::string ReadFile(const fs::path& file) {
     std::ifstream stream(file, std::ios::binary);
     std::string text{std::istreambuf_iterator<char>(stream), {}};
@@ -153,9 +158,9 @@ class Insert {
         for (std::size_t i = 1; i < ssq::Split(columns, ",").size(); ++i) marks += ",?";
         const std::string sql = "insert into " + table + "(" + columns + ") values(" + marks + ")";
         sqlite3_stmt* raw = nullptr;
-        sqlite3_prepare_v2(database, sql.c_str(), -1, &raw, nullptr);
+        RequireResult(sqlite3_prepare_v2(database, sql.c_str(), -1, &raw, nullptr), SQLITE_OK,
+                      database);
         statement_.reset(raw);
-        Require(raw != nullptr, sqlite3_errmsg(database));
     }
 
     Insert& Add(const Number& value) {
@@ -175,7 +180,7 @@ class Insert {
 
     void Run() {
         Require(next_ == sqlite3_bind_parameter_count(statement_.get()), "values missing");
-        Require(sqlite3_step(statement_.get()) == SQLITE_DONE, sqlite3_errmsg(database_));
+        RequireResult(sqlite3_step(statement_.get()), SQLITE_DONE, database_);
         sqlite3_reset(statement_.get());
         sqlite3_clear_bindings(statement_.get());
         next_ = 0;
@@ -223,8 +228,8 @@ void InsertPrizes(Insert& insert, const Draw& draw) {
 }
 
 void Execute(sqlite3* database, const std::string& sql) {
-    Require(sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK,
-            sqlite3_errmsg(database));
+    RequireResult(sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK,
+                  database);
 }
 
 void WriteDatabase(const std::string& schema, const std::vector<Draw>& draws,

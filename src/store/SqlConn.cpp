@@ -98,7 +98,9 @@ void Connection::Closer::operator()(sqlite3* database) const {
 
 Connection::Connection() : closedText_(kClosedText) {}
 
-Connection::~Connection() = default;
+Connection::~Connection() {
+    Close();
+}
 
 bool Connection::Open(const std::filesystem::path& file, std::string& errorText) {
     Close();
@@ -127,6 +129,10 @@ bool Connection::Open(const std::filesystem::path& file, std::string& errorText)
 
 void Connection::Close() {
     if (InTransaction()) sqlite3_exec(database_.get(), "commit", nullptr, nullptr, nullptr);
+    // Without its log the file can be opened where nothing may be written beside it.
+    if (database_) {
+        sqlite3_exec(database_.get(), "pragma journal_mode=delete", nullptr, nullptr, nullptr);
+    }
     database_.reset();
     closedText_ = kClosedText;
 }

@@ -53,7 +53,7 @@ TEST(LunarDay, IsWhatStandsBehindTheMonth) {
 double DaysFromMeanNewMoon(sys_days day) {
     constexpr double kMonth = 29.530588861;
     const sys_days start{Date{std::chrono::year{2000} / 1 / 7}};
-    return std::remainder((day - start).count() + 0.5 - 0.093, kMonth);
+    return std::remainder(static_cast<double>((day - start).count()) + 0.5 - 0.093, kMonth);
 }
 
 // The months of these years are one day too short in the table, which shows as a month that starts

@@ -170,5 +170,21 @@ TEST_F(DrawUpdate, EndsOnAListThatRepeatsItselfOrWhenTheProgramCloses) {
     EXPECT_EQ(Issues(), "");
 }
 
+TEST_F(DrawUpdate, LeavesTheWorkToASecondOneStartedInBetween) {
+    site.Serve("/zjfc/asp_ssq.asp", [](const std::string& query) {
+        const bool first = query == "pagenum=1";
+        PageReply reply{Gbk(first ? ListPage({kThird, kSecond}) : ListPage({kFirst}))};
+        reply.delay = std::chrono::milliseconds(20);
+        return reply;
+    });
+    database.host().onPump = [this] {
+        database.host().onPump = nullptr;
+        EXPECT_TRUE(UpdateDraws(database.session()));
+    };
+    EXPECT_FALSE(Update());
+    EXPECT_THAT(Texts(), ElementsAre("共更新3期!"));
+    EXPECT_EQ(Issues(), "2003001 2003002 2003003");
+}
+
 }  // namespace
 }  // namespace ssq

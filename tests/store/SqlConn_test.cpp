@@ -76,13 +76,19 @@ TEST_F(OpenFailure, IsNoneForAPathOfAnyBytesOrOddNames) {
 
 TEST_F(OpenFailure, IsNoneForAFileThatMayOnlyBeRead) {
     const fs::path file = folder.Write("read.mdb", delivered);
+    std::string errorText;
+    Recordset rows;
+    {
+        Connection earlier;
+        ASSERT_TRUE(earlier.Open(file, errorText) &&
+                    earlier.OpenQuery("insert into rtoc(colvalue) values(1)", errorText, rows));
+    }
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1);
     fs::permissions(folder.path(), fs::perms{0555});
     fs::permissions(file, fs::perms{0444});
     const uid_t user = geteuid();
     constexpr uid_t kNobody = 65534;
     ASSERT_EQ(seteuid(user == 0 ? kNobody : user), 0);
-    std::string errorText;
-    Recordset rows;
     {
         Connection connection;
         EXPECT_TRUE(connection.Open(file, errorText)) << errorText;

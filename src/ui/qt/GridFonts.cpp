@@ -17,12 +17,33 @@ bool MergesWithNeighbour(const ResultGrid& grid, int row, int col) {
 }  // namespace
 
 const GridFonts::Face& GridFonts::For(const CellStyle& style) {
-    const Key key{style.fontName, style.fontSize, style.bold};
+    return Scaled(style, 100);
+}
+
+const GridFonts::Face& GridFonts::Fitting(const CellStyle& style, const QString& text, int width,
+                                          int height) {
+    constexpr int kSmallestPercent = 75;
+    constexpr int kStep = 5;  // keeps the number of faces small
+    const Face& face = For(style);
+    int percent = 100;
+    const int textWidth = face.metrics.horizontalAdvance(text);
+    if (textWidth > width) percent = 100 * width / textWidth;
+    if (style.fontSize > 0) {
+        const int inkHeight = face.metrics.tightBoundingRect(text).height();
+        if (inkHeight > height) percent = std::min(percent, 100 * height / inkHeight);
+    }
+    if (percent >= 100) return face;
+    return Scaled(style, std::max(percent / kStep * kStep, kSmallestPercent));
+}
+
+const GridFonts::Face& GridFonts::Scaled(const CellStyle& style, int percent) {
+    const Key key{style.fontName, style.fontSize, style.bold, percent};
     const auto found = faces_.find(key);
     if (found != faces_.end()) return found->second;
     QFont font = base_;
     if (!style.fontName.empty()) font.setFamily(QString::fromStdString(style.fontName));
     if (style.fontSize > 0) font.setPointSize(style.fontSize);
+    if (percent < 100) font.setPointSizeF(font.pointSizeF() * percent / 100);
     font.setBold(style.bold);
     return faces_.emplace(key, Face{font, QFontMetrics(font)}).first->second;
 }

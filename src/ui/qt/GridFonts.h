@@ -28,8 +28,14 @@ class GridFonts {
 
     const Face& For(const CellStyle& style);
 
+    // The same in the size that lets the text fit into `width` by `height` pixels, but not below
+    // three quarters of its own.
+    const Face& Fitting(const CellStyle& style, const QString& text, int width, int height);
+
   private:
-    using Key = std::tuple<std::string, int, bool>;
+    using Key = std::tuple<std::string, int, bool, int>;
+
+    const Face& Scaled(const CellStyle& style, int percent);
 
     QFont base_;
     std::map<Key, Face> faces_;

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPen>
+#include <algorithm>
 
 #include "app/numbers.h"
 #include "ui/GridLook.h"
@@ -49,6 +50,23 @@ Qt::Alignment HorizontalAlignment(const ResultGrid& grid, int row, int col) {
             break;
     }
     return IsNumeric(grid.cell(row, col)) ? Qt::AlignRight : Qt::AlignLeft;
+}
+
+// Between a text that needs all the room and the edges of its cell.
+constexpr int kTightPadding = 1;
+
+// Where the text of a cell may stand; a line takes the right and bottom pixel.
+QRect Room(const QRect& cell) {
+    return cell.adjusted(kTightPadding, 0, -kTightPadding - 1, -1);
+}
+
+// Texts stand on one line along a row; a large one is centred by its own ink instead.
+int Baseline(const CellStyle& style, const GridFonts::Face& face, const QString& text,
+             const QRect& room) {
+    if (style.fontSize > 0 && face.metrics.height() > room.height()) {
+        return room.center().y() - face.metrics.tightBoundingRect(text).center().y();
+    }
+    return room.top() + (room.height() - face.metrics.height() + 1) / 2 + face.metrics.ascent();
 }
 
 }  // namespace
@@ -113,39 +131,28 @@ void GridPainter::PaintLines(const Pane& pane) {
     }
 }
 
-void GridPainter::PaintTexts(const Pane& pane) {
-    for (int row = pane.rows.first; row <= pane.rows.last; ++row) {
-        for (int col = pane.cols.first; col <= pane.cols.last; ++col) {
-            if (scene_.grid.cell(row, col).empty()) continue;
-            const PixelRect rect =
-                scene_.geometry.CellRect(row, col, scene_.scroll.x(), scene_.scroll.y());
-            if (!rect.empty()) PaintText(row, col, Rect(rect));
-        }
-    }
-}
-
 void GridPainter::PaintText(int row, int col, const QRect& rect) {
     const CellStyle& style = scene_.grid.style(row, col);
-    const GridFonts::Face& face = fonts_.For(style);
-    const QRect inner = rect.adjusted(kCellPadding, 0, -kCellPadding - 1, -1);
     QString text = CellText(scene_.grid.cell(row, col));
+    const QRect room = Room(rect);
+    const GridFonts::Face& face = fonts_.Fitting(style, text, room.width(), room.height());
     int width = face.metrics.horizontalAdvance(text);
-    if (width > inner.width()) {
-        text = face.metrics.elidedText(text, Qt::ElideRight, inner.width());
+    const bool cut = width > room.width();
+    if (cut) {
+        text = face.metrics.elidedText(text, Qt::ElideRight, room.width());
         width = face.metrics.horizontalAdvance(text);
     }
-    int x = inner.left();
-    const bool cut = width > inner.width();
     const Qt::Alignment alignment =
         cut ? Qt::AlignLeft : HorizontalAlignment(scene_.grid, row, col);
-    if (alignment == Qt::AlignHCenter) x += (inner.width() - width) / 2;
-    if (alignment == Qt::AlignRight) x += inner.width() - width;
-    const int y = inner.top() + (inner.height() - face.metrics.height() + 1) / 2;
+    const int padding = std::clamp(room.width() - width, 0, kCellPadding - kTightPadding);
+    int x = room.left() + padding;
+    if (alignment == Qt::AlignHCenter) x = room.left() + (room.width() - width) / 2;
+    if (alignment == Qt::AlignRight) x = room.right() + 1 - width - padding;
 
     if (style.mark) PaintMark(rect, width, Colour(*style.mark));
     painter_.setPen(Ink(row, col));
     painter_.setFont(face.font);
-    painter_.drawText(QPoint(x, y + face.metrics.ascent()), text);
+    painter_.drawText(QPoint(x, Baseline(style, face, text, room)), text);
 }
 
 QColor GridPainter::Ink(int row, int col) const {
@@ -233,9 +240,10 @@ void GridPainter::PaintSelection(const QRect& area) {
 }
 
 bool TextIsClipped(const ResultGrid& grid, int row, int col, int width, GridFonts& fonts) {
-    const auto& face = fonts.For(grid.style(row, col));
-    return face.metrics.horizontalAdvance(CellText(grid.cell(row, col))) >
-           width - 2 * kCellPadding - 1;
+    const QString text = CellText(grid.cell(row, col));
+    const int room = Room(QRect(0, 0, width, width)).width();
+    const auto& face = fonts.Fitting(grid.style(row, col), text, room, width);
+    return face.metrics.horizontalAdvance(text) > room;
 }
 
 }  // namespace ssq

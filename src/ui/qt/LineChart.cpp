@@ -19,10 +19,10 @@ const QColor kLine(0x2F, 0x7D, 0x8C);
 const QColor kText(0x22, 0x2B, 0x2D);
 const QColor kGridLines(0xDD, 0xE3, 0xE3);
 
-constexpr int kLabelRoom = 26;           // pixels below the plot, where the labels stand
-constexpr int kMarkerSize = 6;           // pixels
-constexpr double kLeastMarkerRoom = 5;   // pixels between points below which markers are left out
-constexpr double kGap = 6;               // pixels between neighbouring labels
+constexpr int kLabelRoom = 26;          // pixels below the plot, where the labels stand
+constexpr int kMarkerSize = 6;          // pixels
+constexpr double kLeastMarkerRoom = 5;  // pixels between points below which markers are left out
+constexpr double kGap = 6;              // pixels between neighbouring labels
 
 // Gives out room along a line of text; what would overlap is refused.
 class TextRoom {
@@ -116,7 +116,8 @@ void LineChart::DrawLabels(QPainter& painter) const {
             const QString label = Qs(data_.labels[point]);
             const double width = metrics.horizontalAdvance(label);
             const double centre = PlaceOf(point).x();
-            if (room.Take(centre, width)) painter.drawText(QPointF(centre - width / 2, baseline), label);
+            if (room.Take(centre, width))
+                painter.drawText(QPointF(centre - width / 2, baseline), label);
         }
     }
 }
