@@ -9,6 +9,7 @@
 #include "banker/frmxxjl.h"
 #include "charts/frmZST.h"
 #include "kill/frmSHAMA.h"
+#include "workbench/frmShaHao.h"
 
 namespace ssq {
 
@@ -26,6 +27,7 @@ const std::map<QString, MakePanel>& Makers() {
         {QStringLiteral("frmHistory"), Make<frmHistory>},
         {QStringLiteral("frmSale"), Make<frmSale>},
         {QStringLiteral("frmSHAMA"), Make<frmSHAMA>},
+        {QStringLiteral("frmShaHao"), Make<frmShaHao>},
         {QStringLiteral("frmXUEXI"), Make<frmXUEXI>},
         {QStringLiteral("frmZST"), Make<frmZST>},
         {QStringLiteral("frmxxjl"), Make<frmxxjl>},

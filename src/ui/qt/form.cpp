@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 
 #include "app/MDLcolse.h"
@@ -19,10 +20,10 @@ namespace ssq {
 
 namespace {
 
-template <typename Widget>
-Widget* Named(Widget* widget, const char* name) {
-    if (name) widget->setObjectName(QString::fromUtf8(name));
-    return widget;
+template <typename Object>
+Object* Named(Object* object, const char* name) {
+    if (name) object->setObjectName(QString::fromUtf8(name));
+    return object;
 }
 
 // Adds a control behind its label at the end of the row's filled part.
@@ -110,6 +111,11 @@ QPushButton* AddButton(QBoxLayout* row, const char* name, const QString& caption
     button->setAutoDefault(false);
     QObject::connect(button, &QPushButton::clicked, button, std::move(onClick));
     return button;
+}
+
+void AddEntry(QMenu& menu, const char* name, const QString& caption, std::function<void()> action) {
+    QAction* entry = Named(menu.addAction(caption), name);
+    QObject::connect(entry, &QAction::triggered, entry, std::move(action));
 }
 
 GridView* AddGrid(QBoxLayout* layout, const char* name) {

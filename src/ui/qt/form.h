@@ -13,6 +13,7 @@ class QGroupBox;
 class QHBoxLayout;
 class QLabel;
 class QLineEdit;
+class QMenu;
 class QPushButton;
 class QVBoxLayout;
 class QWidget;
@@ -43,6 +44,9 @@ QCheckBox* AddCheckBox(QBoxLayout* row, const char* name, const QString& caption
 QLabel* AddLabel(QBoxLayout* row, const char* name, const QString& text);
 QPushButton* AddButton(QBoxLayout* row, const char* name, const QString& caption,
                        std::function<void()> onClick);
+
+// An entry at the end of a menu.
+void AddEntry(QMenu& menu, const char* name, const QString& caption, std::function<void()> action);
 
 // A grid that takes all the room there is; Ctrl+C copies its selection.
 GridView* AddGrid(QBoxLayout* layout, const char* name);

@@ -1,0 +1,276 @@
+#include "workbench/frmShaHao.h"
+
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTabBar>
+
+#include "app/Public_var.h"
+#include "ui/Host.h"
+#include "ui/qt/Desktop.h"
+#include "ui/qt/GridCopy.h"
+#include "ui/qt/GridView.h"
+#include "ui/qt/IssueCombo.h"
+#include "ui/qt/LineChart.h"
+#include "ui/qt/ProgressStrip.h"
+#include "ui/qt/form.h"
+#include "workbench/FormulaFilters.h"
+#include "workbench/FormulaStatistics.h"
+#include "workbench/FormulaTrend.h"
+#include "workbench/frmShaHaoYLSX.h"
+
+namespace ssq {
+
+namespace {
+
+enum Tab { kResultsTab, kFiltersTab, kChartTab };
+
+struct TabEntry {
+    const char* caption;
+    const char* key;
+    const char* tip;
+};
+
+constexpr std::array kTabs = {
+    TabEntry{"公式统计结果", "gstjjg",
+             "软件内置130种公式，每条公式为6码组合，公式号码为下期预测号码"},
+    TabEntry{" 公式筛选", "gsxs", "对公式统计的结果进行筛选"},
+    TabEntry{"公式走势图", "gszst", "选择公式后查看该公式的命中走势"},
+};
+
+QComboBox* AddFreeCombo(QBoxLayout* row, const char* name, const char* label,
+                        std::initializer_list<const char*> entries) {
+    QComboBox* combo = AddCombo(row, name, QString::fromUtf8(label), entries);
+    combo->setEditable(true);
+    combo->setInsertPolicy(QComboBox::NoInsert);
+    return combo;
+}
+
+}  // namespace
+
+frmShaHao::frmShaHao(const PanelContext& context, QWidget* parent)
+    : QWidget(parent), context_(context) {
+    auto* column = SetUpPanel(*this, "frmShaHao", QStringLiteral("公式胆杀--胆杀利器"), 1100, 720);
+    BuildInputs(column);
+    BuildTabs(column);
+    FillIssueCombo(context_, *cboEdate_);
+    ShowOnly(kResultsTab);
+}
+
+frmShaHao::~frmShaHao() = default;
+
+void frmShaHao::BuildInputs(QBoxLayout* column) {
+    auto* inputs = AddRow(AddGroup(column, "Frame1", QStringLiteral("分析条件")));
+    cboEdate_ = AddIssueCombo(inputs, "cboEdate", QStringLiteral("截至期号:"));
+    cboWhere_ = AddCombo(inputs, "cboWhere", QStringLiteral("命中："));
+    for (const char* comparison : kComparisons) cboWhere_->addItem(QString::fromUtf8(comparison));
+    cboNum_ = AddCombo(inputs, "CboNUM", {}, {"0", "1", "2", "3", "4"});
+    cboNum_->setCurrentIndex(1);
+    AddButton(inputs, "Command1", QStringLiteral("统计公式"), [this] { FormulaStatistics(); });
+    nextDraw_ = AddLabel(inputs, "LBLXQ", {});
+    progress_ = new ProgressStrip(QStringLiteral("正在工作中......."));
+    column->addWidget(progress_);
+}
+
+void frmShaHao::BuildTabs(QBoxLayout* column) {
+    tab1_ = new QTabBar;
+    tab1_->setObjectName(QStringLiteral("tab1"));
+    tab1_->setExpanding(false);
+    for (const TabEntry& entry : kTabs) {
+        const int tab = tab1_->addTab(QString::fromUtf8(entry.caption));
+        tab1_->setTabData(tab, QString::fromUtf8(entry.key));
+        tab1_->setTabToolTip(tab, QString::fromUtf8(entry.tip));
+    }
+    column->addWidget(tab1_);
+
+    // Keeps its room while all views are hidden.
+    auto* stack = new QWidget;
+    auto* views = new QVBoxLayout(stack);
+    views->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(stack, 1);
+    vs1_ = AddGrid(views, "vs1");
+    BuildFilters(views);
+    BuildChart(views);
+    for (GridView* view : {vs1_, vs2_}) {
+        view->onPopup = [this, view](const QPoint& place) { RaisePopup(*view, place); };
+        view->onDoubleClick = [this, view](int row, int) {
+            if (row >= view->grid().fixedRows()) OpenChart(*view);
+        };
+    }
+
+    connect(tab1_, &QTabBar::currentChanged, this, [this](int tab) { ShowView(tab); });
+    // A click on the tab that is selected already looks again what there is to show.
+    connect(tab1_, &QTabBar::tabBarClicked, this, [this](int tab) {
+        if (tab == tab1_->currentIndex()) ShowView(tab);
+    });
+}
+
+void frmShaHao::BuildFilters(QBoxLayout* views) {
+    filters_ = AddGroup(views, "Frame2", QStringLiteral("筛选条件"));
+    auto* row = AddRow(filters_);
+    cboYLCS_ = AddFreeCombo(
+        row, "cboYLCS", "当前遗漏次数>=", {"1", "5", "10", "30", "50", kGapFilter.maximumKeyword});
+    AddButton(row, "Command2", QStringLiteral("筛选"),
+              [this] { Filter(kGapFilter, cboYLCS_->currentText()); });
+    cboYCCS_ = AddFreeCombo(
+        row, "cboYCCS", "当前连出次数>=", {"1", "5", "10", "30", "50", kRunFilter.maximumKeyword});
+    AddButton(row, "Command3", QStringLiteral("筛选"),
+              [this] { Filter(kRunFilter, cboYCCS_->currentText()); });
+    txtGL_ = AddTextBox(row, "txtGL", QStringLiteral("出现概率>="));
+    AddButton(row, "Command4", QStringLiteral("筛选"),
+              [this] { Filter(kRateFilter, txtGL_->text()); });
+    AddButton(row, "Command5", QStringLiteral("遗漏筛选"), [this] { ShowOmissionScreen(); });
+    vs2_ = AddGrid(views, "vs2");
+}
+
+void frmShaHao::BuildChart(QBoxLayout* views) {
+    cboZst_ = AddCombo(AddRow(views), "cboZst", {});
+    for (const TrendLength& length : kTrendLengths) {
+        cboZst_->addItem(QString::fromUtf8(length.caption));
+    }
+    connect(cboZst_, &QComboBox::activated, this, [this] { ChangeChartLength(); });
+    chart_ = new LineChart;
+    chart_->setObjectName(QStringLiteral("ZST"));
+    views->addWidget(chart_, 1);
+}
+
+void frmShaHao::RaisePopup(GridView& view, const QPoint& place) {
+    if (view.grid().rows() <= 1) return;
+    const auto copy = [&view] { CopySelection(view); };
+    const auto chart = [this, &view] { OpenChart(view); };
+    QMenu menu;
+    if (&view == vs1_) {
+        menu.setTitle(QStringLiteral("公式"));
+        menu.setObjectName(QStringLiteral("m_gongshi"));
+        AddEntry(menu, "haomao_fuz", QStringLiteral("复制号码"), copy);
+        AddEntry(menu, "gszst", QStringLiteral("该公式走势图"), chart);
+    } else {
+        menu.setTitle(QStringLiteral("公式1"));
+        menu.setObjectName(QStringLiteral("m_gongshi1"));
+        AddEntry(menu, "gs1_fz", QStringLiteral("复制号码"), copy);
+        AddEntry(menu, "gs1_gshm", QStringLiteral("该公式走势图"), chart);
+        AddEntry(menu, "gs1_fztj", QStringLiteral("复制为条件格式"),
+                 [&view] { CopySelectionAsCondition(view); });
+    }
+    AddEntry(menu, &view == vs1_ ? "gs_ylsx" : "gs1_ylsx", QStringLiteral("遗漏筛选"),
+             [this] { ShowOmissionScreen(); });
+    context_.desktop.RaisePopup(menu, place);
+}
+
+void frmShaHao::ShowOmissionScreen() {
+    if (!omissionScreen_) omissionScreen_ = std::make_unique<frmShaHaoYLSX>(context_, *this);
+    omissionScreen_->Open();
+}
+
+const ResultGrid& frmShaHao::statistics() const {
+    return vs1_->grid();
+}
+
+std::string frmShaHao::endIssue() const {
+    return cboEdate_->issue();
+}
+
+std::string frmShaHao::conditionText() const {
+    return (cboWhere_->currentText() + cboNum_->currentText()).toStdString();
+}
+
+void frmShaHao::FormulaStatistics() {
+    vs1_->SetGrid({});
+    vs2_->SetGrid({});
+    SelectTab(kResultsTab);
+    if (!PrepareFormulaStatistics(context_.session)) return;
+
+    const FormulaCondition condition{cboWhere_->currentText().toStdString(),
+                                     cboNum_->currentText().toInt()};
+    FormulaStatisticsResult result;
+    progress_->Begin();
+    ssq::FormulaStatistics(
+        context_.session, condition, endIssue(),
+        [this](const std::string& percent) { progress_->Tell(percent); }, result);
+    progress_->End();
+    if (!result.nextDrawLine.empty()) nextDraw_->setText(Qs(result.nextDrawLine));
+    vs1_->SetGrid(std::move(result.grid));
+}
+
+void frmShaHao::Filter(const FormulaFilter& filter, const QString& threshold) {
+    FormulaFilterResult result;
+    if (!FilterForWorkbench(context_.session, statistics(), endIssue(), filter,
+                            threshold.toStdString(), result)) {
+        return;
+    }
+    vs2_->SetGrid(std::move(result.grid));
+    filters_->setTitle(Qs(result.resultCaption));
+}
+
+void frmShaHao::SelectTab(int tab) {
+    if (tab1_->currentIndex() == tab) {
+        ShowView(tab);
+    } else {
+        tab1_->setCurrentIndex(tab);
+    }
+}
+
+void frmShaHao::ShowView(int tab) {
+    const bool isRowSelected = vs1_->grid().row() >= 0 || vs2_->grid().row() >= 0;
+    if (tab != kChartTab || isRowSelected) {
+        ShowOnly(tab);
+        return;
+    }
+    ShowOnly(-1);
+    context_.session.host.ShowMessage("请先选择公式后,双击已经统计好的某行公式就可以显示了哦！");
+}
+
+// Hides before it shows, so that the panel never has to make room for two views at once.
+void frmShaHao::ShowOnly(int tab) {
+    const std::initializer_list<std::pair<QWidget*, int>> views = {{vs1_, kResultsTab},
+                                                                   {filters_, kFiltersTab},
+                                                                   {vs2_, kFiltersTab},
+                                                                   {cboZst_, kChartTab},
+                                                                   {chart_, kChartTab}};
+    for (const bool shown : {false, true}) {
+        for (const auto& [view, itsTab] : views) {
+            if ((itsTab == tab) == shown) view->setVisible(shown);
+        }
+    }
+}
+
+void frmShaHao::OpenChart(const GridView& view) {
+    const ResultGrid& grid = view.grid();
+    if (grid.rows() < 2) return;
+    const std::string key = grid.cell(grid.row(), kKeyColumn);
+    if (key.empty()) return;
+    chartKey_ = key;
+    tab1_->setTabText(kChartTab, Qs("公式" + key + "的走势图"));
+    SelectTab(kChartTab);
+    DrawChart();
+}
+
+void frmShaHao::ChangeChartLength() {
+    if (chartKey_.empty()) return;
+    if (vs1_->grid().rows() >= 2 || vs2_->grid().rows() >= 2) DrawChart();
+}
+
+void frmShaHao::DrawChart() {
+    const int position = cboEdate_->findText(Qs(endIssue()));
+    if (position < 0) {
+        context_.session.host.ShowMessage("期号填写错误！");
+        return;
+    }
+    const int periods = kTrendLengths[static_cast<std::size_t>(cboZst_->currentIndex())].periods;
+    const int start = std::min(position + periods, cboEdate_->count()) - 1;
+    const PeriodRange range{cboEdate_->itemText(start).toStdString(), endIssue()};
+    FormulaTrendResult trend;
+    if (!FormulaTrend(context_.session, chartKey_, range, periods, trend)) return;
+    chart_->Show({.title = std::move(trend.title),
+                  .labels = std::move(trend.labels),
+                  .values = std::move(trend.values),
+                  .min = kTrendAxisMin,
+                  .max = kTrendAxisMax,
+                  .division = kTrendAxisDivision,
+                  .series = "1"});
+}
+
+}  // namespace ssq
