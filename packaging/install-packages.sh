@@ -3,7 +3,7 @@
 #   install-packages.sh build | test | lint
 set -euo pipefail
 
-build=(build-essential cmake ninja-build pkg-config qt6-base-dev libqt6charts6-dev
+build=(build-essential cmake ninja-build pkg-config qt6-base-dev qt6-charts-dev libqt6opengl6-dev
        libgl1-mesa-dev libsqlite3-dev libcurl4-openssl-dev libpcre2-dev libgsf-1-dev
        libgtest-dev libgmock-dev libfreexl-dev fonts-noto-cjk python3)
 test=("${build[@]}" python3-xlrd)
