@@ -3,6 +3,7 @@
 #include <QChart>
 #include <QLineSeries>
 #include <QPainter>
+#include <QPainterPath>
 #include <QToolTip>
 #include <QValueAxis>
 #include <algorithm>
@@ -17,19 +18,23 @@ namespace {
 
 const QColor kLine(0x2F, 0x7D, 0x8C);
 const QColor kText(0x22, 0x2B, 0x2D);
+const QColor kTextGround(255, 255, 255, 190);
 const QColor kGridLines(0xDD, 0xE3, 0xE3);
 
-constexpr int kLabelRoom = 26;          // pixels below the plot, where the labels stand
-constexpr int kMarkerSize = 6;          // pixels
-constexpr double kLeastMarkerRoom = 5;  // pixels between points below which markers are left out
-constexpr double kGap = 6;              // pixels between neighbouring labels
+constexpr double kTitlePlace = 0.45;  // of the way from the upper edge to the plot
 
-// Gives out room along a line of text; what would overlap is refused.
+// All in pixels.
+const QMarginsF kPlotMargins(52, 58, 24, 42);  // room for the scale, the title and the labels
+constexpr double kMarkerRadius = 3.5;
+constexpr double kLeastMarkerRoom = 8;  // between points; closer ones go without markers
+constexpr double kGap = 6;              // between neighbouring texts
+
+// Gives out room along an axis; a text that would overlap another is refused.
 class TextRoom {
   public:
-    bool Take(double centre, double width) {
-        const double from = centre - width / 2 - kGap / 2;
-        const double to = centre + width / 2 + kGap / 2;
+    bool Take(double centre, double extent) {
+        const double from = centre - extent / 2 - kGap / 2;
+        const double to = centre + extent / 2 + kGap / 2;
         const bool free = std::none_of(taken_.begin(), taken_.end(), [&](const auto& other) {
             return from < other.second && other.first < to;
         });
@@ -40,6 +45,20 @@ class TextRoom {
   private:
     std::vector<std::pair<double, double>> taken_;
 };
+
+// On a light ground, so that it can be read where the line passes behind it.
+void DrawText(QPainter& painter, const QPointF& centre, const QString& text) {
+    QRectF box = painter.fontMetrics().boundingRect(text).toRectF();
+    box.moveCenter(centre);
+    painter.fillRect(box, kTextGround);
+    painter.drawText(box, Qt::AlignCenter | Qt::TextDontClip, text);
+}
+
+void DrawMarker(QPainter& painter, const QPointF& centre) {
+    QPainterPath circle;
+    circle.addEllipse(centre, kMarkerRadius, kMarkerRadius);
+    painter.fillPath(circle, kLine);
+}
 
 }  // namespace
 
@@ -56,16 +75,12 @@ LineChart::LineChart(QWidget* parent)
     line_->attachAxis(labelAxis_);
     line_->attachAxis(valueAxis_);
     line_->setPen(QPen(kLine, 2));
-    line_->setMarkerSize(kMarkerSize);
     labelAxis_->setLabelsVisible(false);
     labelAxis_->setGridLineVisible(false);
     valueAxis_->setGridLinePen(QPen(kGridLines, 1));
-    valueAxis_->setLabelsColor(kText);
-    picture.setTitleBrush(kText);
-    picture.setMargins({10, 10, 10, 10 + kLabelRoom});
+    valueAxis_->setLabelsVisible(false);
     setRenderHint(QPainter::Antialiasing);
     connect(line_, &QLineSeries::hovered, this, &LineChart::ShowTip);
-    connect(&picture, &QChart::plotAreaChanged, this, &LineChart::FitMarkers);
 }
 
 void LineChart::Show(const LineChartData& data) {
@@ -76,15 +91,10 @@ void LineChart::Show(const LineChartData& data) {
     }
     line_->replace(points);
     line_->setName(Qs(data.series));
-    labelAxis_->setRange(-0.5, std::max<double>(points.size(), 1) - 0.5);
+    labelAxis_->setRange(-0.5, std::max(static_cast<double>(points.size()), 1.0) - 0.5);
     valueAxis_->setRange(data.min, data.max);
     valueAxis_->setTickCount(data.division + 1);
-    const double step = (data.max - data.min) / data.division;
-    valueAxis_->setLabelFormat(step == std::floor(step) ? QStringLiteral("%d")
-                                                        : QStringLiteral("%.1f"));
-    chart()->setTitle(Qs(data.title));
     setAccessibleName(Qs(data.title));
-    FitMarkers();
     viewport()->update();
 }
 
@@ -92,47 +102,64 @@ QPointF LineChart::PlaceOf(std::size_t point) const {
     return chart()->mapToPosition({static_cast<double>(point), data_.values[point]}, line_);
 }
 
-void LineChart::FitMarkers() {
-    const double count = std::max<double>(data_.values.size(), 1);
-    line_->setPointsVisible(chart()->plotArea().width() / count >= kLeastMarkerRoom);
+void LineChart::resizeEvent(QResizeEvent* event) {
+    QChartView::resizeEvent(event);
+    chart()->setPlotArea(QRectF(QPointF(), viewport()->size()).marginsRemoved(kPlotMargins));
 }
 
 void LineChart::drawForeground(QPainter* painter, const QRectF&) {
+    if (chart()->plotArea().isEmpty()) return;
     painter->setFont(font());
     painter->setPen(kText);
+    const QRectF plot = chart()->plotArea();
+    DrawText(*painter, {plot.center().x(), plot.top() * kTitlePlace}, Qs(data_.title));
+    DrawScale(*painter);
     DrawLabels(*painter);
-    DrawValues(*painter);
+    DrawPoints(*painter);
+}
+
+void LineChart::DrawScale(QPainter& painter) const {
+    const QFontMetricsF metrics = painter.fontMetrics();
+    const QRectF plot = chart()->plotArea();
+    TextRoom room;
+    for (int tick = 0; tick <= data_.division; ++tick) {
+        const double part = static_cast<double>(tick) / data_.division;
+        const double y = plot.bottom() - part * plot.height();
+        const QString text = Qs(NumberText(data_.min + part * (data_.max - data_.min)));
+        if (!room.Take(y, metrics.ascent())) continue;
+        DrawText(painter, {plot.left() - kGap - metrics.horizontalAdvance(text) / 2, y}, text);
+    }
 }
 
 // A label that is no number marks its point, so it goes before the running ones.
 void LineChart::DrawLabels(QPainter& painter) const {
     const QFontMetricsF metrics = painter.fontMetrics();
-    const double baseline = chart()->plotArea().bottom() + kGap + metrics.ascent();
+    const double y = chart()->plotArea().bottom() + kGap + metrics.height() / 2;
+    const std::size_t count = std::min(data_.labels.size(), data_.values.size());
     TextRoom room;
     for (const bool numbers : {false, true}) {
-        for (std::size_t point = 0; point < std::min(data_.labels.size(), data_.values.size());
-             ++point) {
+        for (std::size_t point = 0; point < count; ++point) {
             if (IsNumeric(data_.labels[point]) != numbers) continue;
             const QString label = Qs(data_.labels[point]);
-            const double width = metrics.horizontalAdvance(label);
-            const double centre = PlaceOf(point).x();
-            if (room.Take(centre, width))
-                painter.drawText(QPointF(centre - width / 2, baseline), label);
+            const double x = PlaceOf(point).x();
+            if (room.Take(x, metrics.horizontalAdvance(label))) DrawText(painter, {x, y}, label);
         }
     }
 }
 
-void LineChart::DrawValues(QPainter& painter) const {
+void LineChart::DrawPoints(QPainter& painter) const {
     const QFontMetricsF metrics = painter.fontMetrics();
+    const double rise = 2 * kMarkerRadius + metrics.height() / 2;
+    const double distance = chart()->plotArea().width() / static_cast<double>(data_.values.size());
     TextRoom room;
     for (std::size_t point = 0; point < data_.values.size(); ++point) {
         const double value = data_.values[point];
         if (value < data_.min || value > data_.max) continue;
         const QString text = Qs(NumberText(value));
-        const double width = metrics.horizontalAdvance(text);
         const QPointF place = PlaceOf(point);
-        if (!room.Take(place.x(), width)) continue;
-        painter.drawText(place - QPointF(width / 2, kMarkerSize), text);
+        if (distance >= kLeastMarkerRoom) DrawMarker(painter, place);
+        if (!room.Take(place.x(), metrics.horizontalAdvance(text))) continue;
+        DrawText(painter, place - QPointF(0, rise), text);
     }
 }
 

@@ -30,13 +30,14 @@ class LineChart final : public QChartView {
     const LineChartData& data() const { return data_; }
 
   protected:
+    void resizeEvent(QResizeEvent* event) override;
     void drawForeground(QPainter* painter, const QRectF& rect) override;
 
   private:
     QPointF PlaceOf(std::size_t point) const;
-    void FitMarkers();
+    void DrawScale(QPainter& painter) const;
     void DrawLabels(QPainter& painter) const;
-    void DrawValues(QPainter& painter) const;
+    void DrawPoints(QPainter& painter) const;
     void ShowTip(const QPointF& place, bool entered);
 
     LineChartData data_;
