@@ -80,8 +80,8 @@ void SetButton(QAbstractButton& button, bool on) {
     }
     if (button.isChecked() != on) button.click();
     if (button.isChecked() != on) {
-        throw Refusal(u"'%1' cannot be cleared by itself; choose another option"_qs.arg(
-            button.objectName()));
+        throw Refusal(
+            u"'%1' cannot be cleared by itself; choose another option"_qs.arg(button.objectName()));
     }
 }
 
@@ -107,9 +107,8 @@ void SetSpinBox(QSpinBox& box, const QString& value) {
 
 void RequireIndex(const QWidget& control, int index, int count) {
     if (index >= 0 && index < count) return;
-    throw Refusal(u"'%1' has %2 entries, no index %3"_qs.arg(control.objectName())
-                      .arg(count)
-                      .arg(index));
+    throw Refusal(
+        u"'%1' has %2 entries, no index %3"_qs.arg(control.objectName()).arg(count).arg(index));
 }
 
 void PickTab(QTabBar& bar, int index) {

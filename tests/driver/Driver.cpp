@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QJsonDocument>
-#include <QTimer>
 #include <array>
 #include <cstdio>
 
@@ -18,7 +17,9 @@ namespace ssq {
 namespace {
 
 // Lays out and paints what the last command changed.
-void Settle() { QApplication::processEvents(); }
+void Settle() {
+    QApplication::processEvents();
+}
 
 }  // namespace
 
@@ -28,11 +29,19 @@ Driver::Driver(Program& program, ScriptDesktop& desktop)
       commands_(program, desktop, panels_),
       input_(STDIN_FILENO, QSocketNotifier::Read) {
     input_.setEnabled(false);
-    panels_.onModalShown = [this] { LookLater(); };
+    for (QTimer* timer : {&next_, &look_}) {
+        timer->setSingleShot(true);
+        timer->setInterval(0);
+    }
+    connect(&next_, &QTimer::timeout, this, [this] { Run(); });
+    connect(&look_, &QTimer::timeout, this, [this] { ReplyIfDue(); });
+    panels_.onModalShown = [this] { look_.start(); };
     connect(&input_, &QSocketNotifier::activated, this, [this] { ReadInput(); });
 }
 
-void Driver::Start() { input_.setEnabled(true); }
+void Driver::Start() {
+    input_.setEnabled(true);
+}
 
 void Driver::Finish() {
     if (due_) Reply();
@@ -57,31 +66,27 @@ void Driver::ReadInput() {
 }
 
 void Driver::RunNext() {
-    if (due_ || scheduled_) return;
-    if (lines_.empty()) {
-        if (inputEnded_) Leave();
-        return;
+    if (due_ || next_.isActive()) return;
+    if (!lines_.empty()) {
+        next_.start();
+    } else if (inputEnded_) {
+        Leave();
     }
-    scheduled_ = true;
-    QTimer::singleShot(0, this, [this, line = std::move(lines_.front())] { Run(line); });
-    lines_.pop_front();
 }
 
-void Driver::Run(const QByteArray& line) {
+void Driver::Run() {
+    const QByteArray line = lines_.front();
+    lines_.pop_front();
     const auto reply = std::make_shared<QJsonObject>();
     due_ = reply;
-    scheduled_ = false;
     ++running_;
     Settle();
     *reply = Carry(line);
     Settle();
     --running_;
-    if (quitAsked_) {
-        Reply();
-        Leave();
-    } else {
-        LookLater();
-    }
+    if (!quitAsked_) return look_.start();
+    if (due_ == reply) Reply();  // not those that quitting unwinds
+    Leave();
 }
 
 QJsonObject Driver::Carry(const QByteArray& line) {
@@ -94,10 +99,6 @@ QJsonObject Driver::Carry(const QByteArray& line) {
     } catch (const std::exception& fault) {
         return {{u"error"_qs, QString::fromUtf8(fault.what())}};
     }
-}
-
-void Driver::LookLater() {
-    QTimer::singleShot(0, this, [this] { ReplyIfDue(); });
 }
 
 void Driver::ReplyIfDue() {

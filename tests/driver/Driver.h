@@ -5,6 +5,7 @@
 #include <QJsonObject>
 #include <QObject>
 #include <QSocketNotifier>
+#include <QTimer>
 #include <deque>
 #include <memory>
 #include <optional>
@@ -35,9 +36,8 @@ class Driver final : public QObject {
   private:
     void ReadInput();
     void RunNext();
-    void Run(const QByteArray& line);
+    void Run();
     QJsonObject Carry(const QByteArray& line);
-    void LookLater();
     void ReplyIfDue();
     void Reply();
     void Leave();
@@ -47,12 +47,13 @@ class Driver final : public QObject {
     Panels panels_;
     Commands commands_;
     QSocketNotifier input_;
-    QByteArray unread_;                // the beginning of a line
-    std::deque<QByteArray> lines_;     // read and not yet run
+    QTimer next_;                   // runs the next command from the event loop
+    QTimer look_;                   // looks whether the reply is due, once the windows are laid out
+    QByteArray unread_;             // the beginning of a line
+    std::deque<QByteArray> lines_;  // read and not yet run
     bool inputEnded_ = false;
     bool quitAsked_ = false;
-    bool scheduled_ = false;           // the next command is about to run
-    int running_ = 0;                  // commands on the stack
+    int running_ = 0;                   // commands on the stack
     std::shared_ptr<QJsonObject> due_;  // reply to the command under way
 };
 

@@ -109,11 +109,15 @@ QPoint PlaceOfCell(GridView& view, int row, int col) {
     const QModelIndex index = view.model()->index(row, col);
     view.scrollTo(index);
     const QRect seen = view.visualRect(index) & view.viewport()->rect();
-    if (seen.isEmpty()) throw Refusal(u"cell %1,%2 cannot be seen"_qs.arg(row).arg(col));
+    if (seen.isEmpty() || view.indexAt(seen.center()) != index) {
+        throw Refusal(u"cell %1,%2 cannot be seen"_qs.arg(row).arg(col));
+    }
     return view.viewport()->mapTo(view.window(), seen.center());
 }
 
-QWindow* WindowOf(const GridView& view) { return view.window()->windowHandle(); }
+QWindow* WindowOf(const GridView& view) {
+    return view.window()->windowHandle();
+}
 
 }  // namespace
 

@@ -20,7 +20,9 @@ bool IsOpenModal(const QWidget& widget) {
 
 }  // namespace
 
-Panels::Panels() { qApp->installEventFilter(this); }
+Panels::Panels() {
+    qApp->installEventFilter(this);
+}
 
 QWidget* Panels::Addressed() const {
     if (QWidget* modal = Modal()) return modal;
@@ -47,9 +49,9 @@ QWidget* Panels::Modal() {
 
 int Panels::ModalCount() {
     const QWidgetList windows = QApplication::topLevelWidgets();
-    return static_cast<int>(std::count_if(windows.begin(), windows.end(), [](const QWidget* window) {
-        return IsOpenModal(*window);
-    }));
+    return static_cast<int>(
+        std::count_if(windows.begin(), windows.end(),
+                      [](const QWidget* window) { return IsOpenModal(*window); }));
 }
 
 QString Panels::Name(const QWidget& window) {

@@ -30,9 +30,13 @@ bool ScriptDesktop::Confirm(const QString& title, const QString& text) {
     return answer;
 }
 
-QString ScriptDesktop::AskSaveFile(const QString&) { return TakeFileAnswer(); }
+QString ScriptDesktop::AskSaveFile(const QString&) {
+    return TakeFileAnswer();
+}
 
-QString ScriptDesktop::AskOpenFile(const QString&) { return TakeFileAnswer(); }
+QString ScriptDesktop::AskOpenFile(const QString&) {
+    return TakeFileAnswer();
+}
 
 QString ScriptDesktop::TakeFileAnswer() {
     if (fileAnswers_.empty()) return {};
@@ -41,7 +45,9 @@ QString ScriptDesktop::TakeFileAnswer() {
     return answer;
 }
 
-void ScriptDesktop::Open(const QString& urlOrFile) { opened_.append(urlOrFile); }
+void ScriptDesktop::Open(const QString& urlOrFile) {
+    opened_.append(urlOrFile);
+}
 
 void ScriptDesktop::StartProgram(const QString& file, const QString& arguments) {
     opened_.append(file + u' ' + arguments);

@@ -66,7 +66,7 @@ bool DriverClient::WaitForLine(std::chrono::seconds limit) {
 }
 
 QJsonObject DriverClient::Do(const QJsonObject& command, std::chrono::seconds limit) {
-    const QJsonObject reply = Send(command, limit);
+    QJsonObject reply = Send(command, limit);
     EXPECT_TRUE(reply[u"ok"].toBool())
         << QJsonDocument(command).toJson(QJsonDocument::Compact).toStdString() << ": "
         << reply[u"error"].toString().toStdString();
@@ -77,7 +77,9 @@ QJsonObject DriverClient::Menu(const char* entry) {
     return Do({{"do", "menu"}, {"entry", entry}});
 }
 
-QJsonObject DriverClient::Panel(const char* name) { return Do({{"do", "panel"}, {"name", name}}); }
+QJsonObject DriverClient::Panel(const char* name) {
+    return Do({{"do", "panel"}, {"name", name}});
+}
 
 QJsonObject DriverClient::Click(const char* control) {
     return Do({{"do", "click"}, {"control", control}});
@@ -110,16 +112,15 @@ std::string DriverClient::Back(const QJsonObject& grid, int row, int col) {
 std::vector<std::string> DriverClient::Messages(const QJsonObject& reply) {
     std::vector<std::string> texts;
     const QJsonArray messages = reply[u"messages"].toArray();
-    for (const QJsonValue& message : messages) {
-        texts.push_back(message[u"text"].toString().toStdString());
+    for (const auto& message : messages) {
+        texts.push_back(message.toObject()[u"text"].toString().toStdString());
     }
     return texts;
 }
 
 bool DriverClient::WaitForEnd(std::chrono::seconds limit) {
     return driver_.state() == QProcess::NotRunning ||
-           driver_.waitForFinished(Milliseconds(limit)) ||
-           driver_.state() == QProcess::NotRunning;
+           driver_.waitForFinished(Milliseconds(limit)) || driver_.state() == QProcess::NotRunning;
 }
 
 }  // namespace ssq
