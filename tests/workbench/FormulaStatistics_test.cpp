@@ -1,0 +1,167 @@
+#include "workbench/FormulaStatistics.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "app/public_fun.h"
+#include "support/LiteralStatistics.h"
+#include "workbench/WorkbenchData.h"
+
+namespace ssq {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::vector<std::string> Row(const ResultGrid& grid, int row) {
+    std::vector<std::string> cells;
+    for (int col = 0; col < grid.cols(); ++col) cells.push_back(grid.cell(row, col));
+    return cells;
+}
+
+TEST(FormulaStats, WalksTheHits) {
+    struct Case {
+        std::vector<int> hits;
+        int total;
+        int maxRun;
+        int maxGap;
+        int run;
+        int gap;
+    };
+    const Case cases[] = {
+        {{1, 2, 3, 5, 6}, 6, 3, 1, 2, 0},
+        {{1, 2, 3, 4}, 4, 4, 0, 4, 0},  // on every draw
+        {{1}, 1, 1, 0, 1, 0},           // the very first draw alone makes a run
+        {{5}, 8, 0, 4, 0, 3},           // a lone hit does not; the gap at the end counts nowhere
+        {{2, 4, 6}, 6, 0, 1, 1, 0},     // on the newest draw, never on two in a row
+        {{4, 5, 9, 10, 11}, 20, 3, 3, 0, 9},  // the gap before the first hit
+        {{}, 4, 0, 0, 0, 4},
+    };
+    for (const Case& c : cases) {
+        FormulaStats stats;
+        for (const int qid : c.hits) stats.Hit(qid);
+        const std::string what = testing::PrintToString(c.hits);
+        EXPECT_EQ(stats.count, static_cast<int>(c.hits.size())) << what;
+        EXPECT_EQ(stats.maxRun, c.maxRun) << what;
+        EXPECT_EQ(stats.maxGap, c.maxGap) << what;
+        EXPECT_EQ(stats.CurrentRun(c.total), c.run) << what;
+        EXPECT_EQ(stats.CurrentGap(c.total), c.gap) << what;
+    }
+}
+
+class Statistics : public testing::Test {
+  protected:
+    bool Run(const FormulaCondition& condition, const std::string& end) {
+        result = {};
+        percents.clear();
+        return FormulaStatistics(
+            session, condition, end,
+            [this](const std::string& percent) { percents.push_back(percent); }, result);
+    }
+
+    TestDatabase database;
+    Session& session = database.session();
+    FormulaStatisticsResult result;
+    std::vector<std::string> percents;
+};
+
+TEST_F(Statistics, ListsTheFormulasThatHit) {
+    AddTwentyDraws(database);
+    FillEdgeTable(database, 3);
+    SetHits(database, "Q1B1", "101233310");
+    SetHits(database, "Q2B3", "333331333");
+    ASSERT_TRUE(Run({"<=", 1}, "2003020"));
+    const ResultGrid& grid = result.grid;
+    EXPECT_EQ(result.nextDrawLine, " 下期期号：2003021  下期开奖号码：未开奖");
+    EXPECT_EQ(grid.rows(), 131);
+    EXPECT_EQ(grid.fixedRows(), 1);
+    EXPECT_EQ(grid.fixedCols(), 0);
+    EXPECT_THAT(Row(grid, 0),
+                ElementsAre("公式编号", "出现次数", "出现概率", "最大连出", "最大遗漏", "当前连出",
+                            "当前遗漏", "2003021期公式预测号码", "03021期命中"));
+    EXPECT_THAT(Row(grid, 1), ElementsAre("Q1B1", "5", "55.56", "3", "4", "2", "0",
+                                          "04,09,14,19,24,32", "未开奖"));
+    EXPECT_THAT(Row(grid, 2), ElementsAre("Q2B3", "1", "11.11", "0", "5", "0", "3",
+                                          "01,06,11,17,23,28", "未开奖"));
+    for (int row = 3; row < grid.rows(); ++row) EXPECT_THAT(Row(grid, row), Each(""));
+    // The rows tried, the one that the last formulas left free among them.
+    EXPECT_EQ(grid.rowHeight(0), 400);
+    EXPECT_EQ(grid.rowHeight(3), 300);
+    EXPECT_EQ(grid.rowHeight(4), std::nullopt);
+    EXPECT_EQ(percents.size(), 130U);
+    EXPECT_EQ(percents.front(), "0.77");
+    EXPECT_EQ(percents.back(), "2.31");
+}
+
+TEST_F(Statistics, EndsAtTheChosenIssueAndCountsWhatCameOut) {
+    AddTwentyDraws(database);
+    FillEdgeTable(database, 0);
+    SetHits(database, "Q1B1", "121201200");
+    ASSERT_TRUE(Run({"=", 2}, "2003018"));
+    EXPECT_EQ(result.nextDrawLine, " 下期期号：2003019  下期开奖号码：04,09,14,20,26,31");
+    // 01,02,03,04,05,14 lowered by one is 33,01,02,03,04,13, and 04 came out.
+    EXPECT_THAT(Row(result.grid, 1),
+                ElementsAre("Q1B1", "3", "42.86", "0", "2", "1", "0", "33,01,02,03,04,13", "1"));
+    EXPECT_EQ(result.grid.cell(0, 8), "03019期命中");
+
+    ASSERT_TRUE(Run({">", 4}, "2003018"));
+    EXPECT_EQ(result.grid.rows(), 131);
+    EXPECT_THAT(Row(result.grid, 1), Each(""));
+}
+
+TEST_F(Statistics, ShiftsNothingWhereTheDrawsRunOut) {
+    AddTwentyDraws(database);
+    FillEdgeTable(database, 1);
+    database.Run("delete from cphm where kjqh<2003019");
+    ASSERT_TRUE(Run({"<=", 1}, "2003020"));
+    EXPECT_EQ(result.grid.cell(26, kKeyColumn), "Q2B13");
+    EXPECT_EQ(result.grid.cell(26, kNumbersColumn), "24,29,01,07,13,18");
+    EXPECT_EQ(result.grid.cell(27, kKeyColumn), "Q3B1");
+    EXPECT_EQ(result.grid.cell(27, kNumbersColumn), "");
+    EXPECT_EQ(percents.back(), "100");
+    EXPECT_THAT(database.host().Texts(), IsEmpty());
+}
+
+TEST_F(Statistics, RefusesWhatItCannotCount) {
+    AddTwentyDraws(database);
+    EXPECT_TRUE(PrepareFormulaStatistics(session));
+    EXPECT_FALSE(Run({"<=", 1}, "2003x20"));
+    EXPECT_EQ(result.grid.rows(), 0);
+    database.Run("delete from bmhz");
+    database.Run("delete from cphm where kjqh<2003015");
+    EXPECT_FALSE(PrepareFormulaStatistics(session));
+    session.connection.Close();
+    EXPECT_FALSE(PrepareFormulaStatistics(session));
+    EXPECT_THAT(database.host().Texts(),
+                ElementsAre("期号填写错误！", "数据不足！", "汇总数据出错！", "数据库错误！"));
+}
+
+void CompareWithOneQueryPerFormula(TestDatabase& database, const FormulaCondition& condition,
+                                   const std::string& end) {
+    Session& session = database.session();
+    FormulaStatisticsResult result;
+    const auto ignore = [](const std::string&) {};
+    ASSERT_TRUE(FormulaStatistics(session, condition, end, ignore, result));
+    const Recordset next =
+        database.Run("select top 1 kjhm from cphm where kjqh>" + end + " order by kjqh asc");
+    const auto listed = LiteralStatistics(
+        session, condition.comparison + std::to_string(condition.reds), end, next.Text(0));
+    ASSERT_GT(listed.size(), 100U);
+    for (std::size_t i = 0; i < listed.size(); ++i) {
+        EXPECT_EQ(Row(result.grid, static_cast<int>(i) + 1), listed[i]) << end;
+    }
+    EXPECT_EQ(result.grid.cell(static_cast<int>(listed.size()) + 1, 0), "");
+}
+
+TEST(StatisticsOfTheHistory, AgreeWithOneQueryPerFormula) {
+    TestDatabase database = TestDatabase::Delivered();
+    ASSERT_TRUE(PrepareFormulaStatistics(database.session()));
+    CompareWithOneQueryPerFormula(database, {"<=", 1}, database.session().LatestIssue);
+    CompareWithOneQueryPerFormula(database, {">", 3}, "2015100");
+}
+
+}  // namespace
+}  // namespace ssq
