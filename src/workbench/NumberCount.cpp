@@ -48,10 +48,9 @@ bool StoreCounts(Session& session, const std::string& named) {
     if (!ExecuteOrTell(session, "Delete from hsort")) return false;
     for (int number = 1; number <= RedSet::kLargest; ++number) {
         const std::string hm = TwoDigits(number);
-        const std::string cs = std::to_string(RegexCount(hm, named));
-        if (!ExecuteOrTell(session, "Insert into hSort(hm,cs) values('" + hm + "'," + cs + ")")) {
-            return false;
-        }
+        std::string sql = "Insert into hSort(hm,cs) values('" + hm + "',";
+        sql += std::to_string(RegexCount(hm, named)) + ")";
+        if (!ExecuteOrTell(session, sql)) return false;
     }
     return true;
 }

@@ -240,7 +240,7 @@ void frmShaHao::ShowOnly(int tab) {
 void frmShaHao::OpenChart(const GridView& view) {
     const ResultGrid& grid = view.grid();
     if (grid.rows() < 2) return;
-    const std::string key = grid.cell(grid.row(), kKeyColumn);
+    const std::string& key = grid.cell(grid.row(), kKeyColumn);
     if (key.empty()) return;
     chartKey_ = key;
     tab1_->setTabText(kChartTab, Qs("公式" + key + "的走势图"));

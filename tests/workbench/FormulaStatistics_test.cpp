@@ -5,7 +5,6 @@
 
 #include <vector>
 
-#include "app/public_fun.h"
 #include "support/LiteralStatistics.h"
 #include "workbench/WorkbenchData.h"
 
@@ -15,12 +14,6 @@ namespace {
 using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-std::vector<std::string> Row(const ResultGrid& grid, int row) {
-    std::vector<std::string> cells;
-    for (int col = 0; col < grid.cols(); ++col) cells.push_back(grid.cell(row, col));
-    return cells;
-}
 
 TEST(FormulaStats, WalksTheHits) {
     struct Case {

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "app/Public_var.h"
 #include "kill/BMHZ.h"
 #include "support/TestDatabase.h"
+#include "ui/ResultGrid.h"
 
 namespace ssq {
 
@@ -34,6 +36,14 @@ inline void SetHits(TestDatabase& database, const std::string& key, const std::s
 inline void FillEdgeTable(TestDatabase& database, int level) {
     EnsureEdgeTable(database.session());
     database.Run("update bmhz set " + FormulaColumns("=" + std::to_string(level)));
+}
+
+// The texts of a row.
+inline std::vector<std::string> Row(const ResultGrid& grid, int row) {
+    std::vector<std::string> cells;
+    cells.reserve(static_cast<std::size_t>(grid.cols()));
+    for (int col = 0; col < grid.cols(); ++col) cells.push_back(grid.cell(row, col));
+    return cells;
 }
 
 }  // namespace ssq
