@@ -139,19 +139,6 @@ TEST_F(Filters, CountTheNumbersNamed) {
     EXPECT_EQ(grid.style(1, 5).back, (Rgb{0xD7, 0x85, 0x6E}));  // 04
     EXPECT_EQ(grid.style(1, 6).back, std::nullopt);             // 33
     EXPECT_EQ(database.Run("select count(*) from hsort").Int(0), 33);
-
-    NumberCountResult again;
-    EXPECT_FALSE(CountNumbers(session, grid, "2003018", again));
-    EXPECT_EQ(again.issueCaption, "");
-    EXPECT_FALSE(CountNumbers(session, {}, "2003018", again));
-    result.grid.SetRows(1);
-    EXPECT_FALSE(CountNumbers(session, result.grid, "2003018", again));
-    EXPECT_EQ(again.issueCaption, "截至期号：2003018");
-    EXPECT_THAT(database.host().Texts(), ElementsAre("请先筛选数据！", "无数据！", "没有数据！"));
-    database.Run("drop table hsort");
-    result.grid.AddRow();
-    EXPECT_FALSE(CountNumbers(session, result.grid, "2003018", again));
-    EXPECT_EQ(database.host().boxes.size(), 4U);
 }
 
 }  // namespace

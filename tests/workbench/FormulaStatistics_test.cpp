@@ -89,22 +89,6 @@ TEST_F(Statistics, ListsTheFormulasThatHit) {
     EXPECT_EQ(percents.back(), "2.31");
 }
 
-TEST_F(Statistics, EndsAtTheChosenIssueAndCountsWhatCameOut) {
-    AddTwentyDraws(database);
-    FillEdgeTable(database, 0);
-    SetHits(database, "Q1B1", "121201200");
-    ASSERT_TRUE(Run({"=", 2}, "2003018"));
-    EXPECT_EQ(result.nextDrawLine, " 下期期号：2003019  下期开奖号码：04,09,14,20,26,31");
-    // 01,02,03,04,05,14 lowered by one is 33,01,02,03,04,13, and 04 came out.
-    EXPECT_THAT(Row(result.grid, 1),
-                ElementsAre("Q1B1", "3", "42.86", "0", "2", "1", "0", "33,01,02,03,04,13", "1"));
-    EXPECT_EQ(result.grid.cell(0, 8), "03019期命中");
-
-    ASSERT_TRUE(Run({">", 4}, "2003018"));
-    EXPECT_EQ(result.grid.rows(), 131);
-    EXPECT_THAT(Row(result.grid, 1), Each(""));
-}
-
 TEST_F(Statistics, ShiftsNothingWhereTheDrawsRunOut) {
     AddTwentyDraws(database);
     FillEdgeTable(database, 1);
