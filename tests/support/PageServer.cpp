@@ -34,8 +34,7 @@ std::string ReceiveHead(int connection) {
 
 std::string ReplyHead(const PageReply& reply) {
     if (!reply.location.empty()) return "HTTP/1.0 302 Found\r\nLocation: " + reply.location;
-    return "HTTP/1.0 200 OK\r\nContent-Type: " + reply.contentType +
-           "\r\nContent-Length: " + std::to_string(reply.body.size());
+    return "HTTP/1.0 200 OK\r\nContent-Length: " + std::to_string(reply.body.size());
 }
 
 }  // namespace
