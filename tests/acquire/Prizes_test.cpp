@@ -7,7 +7,7 @@ namespace ssq {
 namespace {
 
 using testing::ElementsAre;
-using testing::EndsWith;
+using testing::HasSubstr;
 
 using Prizes = std::array<SitePrize, 6>;
 
@@ -37,7 +37,7 @@ TEST_F(PrizeUpdate, WritesEveryNoticeBehindTheNewestRow) {
     EXPECT_EQ(Update(notice), 2);
     EXPECT_THAT(Told(), ElementsAre("共更新2期！"));
     EXPECT_THAT(site.requests(),
-                ElementsAre(EndsWith("?qishu=2009002"), EndsWith("?qishu=2009003")));
+                ElementsAre(HasSubstr("?qishu=2009002 "), HasSubstr("?qishu=2009003 ")));
     const auto joined = [](const std::string& columns) {
         return "select " + Replace(columns, ",", "||','||") + " from cpjc where kjqh=2009002";
     };

@@ -29,7 +29,7 @@ TEST_F(Fetch, AsksPastCachesAndReadsGbkAcrossReceivedPieces) {
     EXPECT_EQ(Get({Gbk(expected)}), expected);
     for (const char* line : {"GET /page?a=1 ", "\r\nUser-Agent: VB Project\r\n",
                              "\r\nCache-Control: no-cache\r\n", "\r\nPragma: no-cache\r\n"}) {
-        EXPECT_THAT(server.lastHead(), HasSubstr(line));
+        EXPECT_THAT(server.requests().back(), HasSubstr(line));
     }
 }
 
@@ -93,7 +93,6 @@ TEST(RegexTexts, CollectAndReplaceAllMatchesInAnyCase) {
     EXPECT_EQ(RegexCollect("<td[\\s\\S]*?\\/td>", "<TD>1\n</td>x<td>2</TD>"),
               "<TD>1\n</td>{tornelk}<td>2</TD>{tornelk}");
     EXPECT_EQ(RegexCollect("b", "aaa"), "");
-    EXPECT_EQ(RegexReplace("[ ]{1,}", "1  2 3", ","), "1,2,3");
     EXPECT_EQ(RegexReplace("b", "aaa", "c"), "aaa");
     EXPECT_EQ(RegexReplace("(", "aaa", "c"), "aaa");
 }
