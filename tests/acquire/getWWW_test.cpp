@@ -35,21 +35,17 @@ TEST_F(Fetch, AsksPastCachesAndReadsGbkAcrossReceivedPieces) {
 
 TEST_F(Fetch, FollowsRedirectsOverHttpOnly) {
     server.Serve("/new", Always("moved"));
-    PageReply redirect;
-    for (const char* target : {"/new", "file:///etc/hostname", "/page"}) {
-        redirect.location = target;
-        EXPECT_EQ(Get(redirect), redirect.location == "/new" ? "moved" : "");
-    }
+    EXPECT_EQ(Get({.location = "/new"}), "moved");
+    EXPECT_EQ(Get({.location = "/page"}), "");
+    EXPECT_EQ(Get({.location = "file:///etc/hostname"}), "");
 }
 
 TEST_F(Fetch, GivesNothingAndShowsNothingOnFailure) {
-    PageReply cut{"a page that breaks off"};
-    cut.cutAt = 6;
-    EXPECT_EQ(Get(cut), "");
+    using std::chrono::milliseconds;
+    EXPECT_EQ(Get({.body = "a page that breaks off", .cutAt = 6}), "");
     EXPECT_EQ(Get({""}), "");
-    PageReply slow{"late"};
-    slow.delay = std::chrono::milliseconds(400);
-    EXPECT_EQ(Get(slow, {.totalTimeout = std::chrono::milliseconds(100)}), "");
+    EXPECT_EQ(
+        Get({.body = "late", .delay = milliseconds(400)}, {.totalTimeout = milliseconds(100)}), "");
     EXPECT_EQ(Get({std::string(1000, 'x')}, {.largestBody = 1000}), std::string(1000, 'x'));
     EXPECT_EQ(Get({std::string(1001, 'x')}, {.largestBody = 1000}), "");
     EXPECT_EQ(FetchPage(host, "http://127.0.0.1:1/"), "");

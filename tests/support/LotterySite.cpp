@@ -69,9 +69,7 @@ PageServer::Handler ListPages(std::vector<std::string> pages, std::chrono::milli
     for (std::string& page : pages) page = Gbk(page);
     return [pages = std::move(pages), delay](const std::string& query) {
         const std::size_t number = std::stoul(query.substr(query.find('=') + 1));
-        PageReply reply{number <= pages.size() ? pages[number - 1] : std::string()};
-        reply.delay = delay;
-        return reply;
+        return PageReply{.body = number <= pages.size() ? pages[number - 1] : "", .delay = delay};
     };
 }
 

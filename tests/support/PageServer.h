@@ -13,7 +13,7 @@ namespace ssq {
 
 // What the site sends; the fields below the body are faults on demand.
 struct PageReply {
-    std::string body;                       // as it goes over the wire
+    std::string body = {};                  // as it goes over the wire
     std::string location = {};              // redirects there
     std::size_t cutAt = std::string::npos;  // the connection closes after so many bytes of the body
     std::chrono::milliseconds delay{0};
