@@ -33,6 +33,19 @@ TEST_F(OrderUpdate, FillsWhatIsNullCheckingOnlyTheLength) {
                 HasSubstr("?operator=outball&type=draw&drawBegin=2009003&drawEnd=2009003 "));
 }
 
+TEST_F(OrderUpdate, LeavesTheWorkToASecondOneStartedInBetween) {
+    const PageReply slow{.body = Gbk(OrderPage({"06", "01", "02", "03", "05", "04"})),
+                         .delay = std::chrono::milliseconds(20)};
+    site.Serve("/trend/analysessq.do", [&](const std::string&) { return slow; });
+    database.host().onPump = [this] {
+        database.host().onPump = nullptr;
+        EXPECT_EQ(UpdateBallOrder(database.session()), 1);
+    };
+    EXPECT_EQ(UpdateBallOrder(database.session()), 1);
+    EXPECT_THAT(Told(), ElementsAre("共更新1期！"));
+    EXPECT_THAT(site.requests(), SizeIs(2));
+}
+
 TEST_F(OrderUpdate, StopsWhereThePageHasNoTableOrTooFewCells) {
     EXPECT_EQ(Update("<p>没有数据</p>"), 0);
     EXPECT_THAT(Told(), ElementsAre("<p>没有数据</p>错误!开始标记位置为:0结束标志位置为:0",
