@@ -37,6 +37,14 @@ std::optional<std::string> ReadOrder(Session& session, const std::string& issue)
     return Join(balls, ",");
 }
 
+// False when a second update, started between two issues of this one, has gone on from here.
+bool IsMissing(Session& session, const std::string& issue) {
+    Recordset rows;
+    return QueryOrTell(session, "Select kjqh from cphm where cqsx is null and kjqh=" + issue,
+                       rows) &&
+           !rows.eof();
+}
+
 }  // namespace
 
 int UpdateBallOrder(Session& session) {
@@ -53,6 +61,7 @@ int UpdateBallOrder(Session& session) {
     int count = 0;
     for (; !issues.eof(); issues.MoveNext()) {
         const std::string issue = issues.Text(0);
+        if (count > 0 && !IsMissing(session, issue)) return count;
         const auto order = ReadOrder(session, issue);
         if (!order) {
             session.host.ShowMessage("无数据，请稍候再试！");

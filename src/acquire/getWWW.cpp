@@ -53,19 +53,24 @@ void SetUp(CURL* transfer, const std::string& url, const FetchOptions& options,
     curl_easy_setopt(transfer, CURLOPT_WRITEDATA, &body);
 }
 
+// Whether a header or a tag, in lower case, names UTF-8 as its charset.
+bool NamesUtf8(std::string_view declaration) {
+    constexpr std::string_view kKey = "charset=";
+    constexpr std::string_view kName = "utf-8";
+    const auto key = declaration.find(kKey);
+    if (key == std::string_view::npos) return false;
+    const auto name = declaration.find_first_not_of("\"' ", key + kKey.size());
+    return name != std::string_view::npos && declaration.substr(name, kName.size()) == kName;
+}
+
 // Whether the page says that it is UTF-8, in its header or near its start.
 bool DeclaresUtf8(std::string_view body, std::string_view contentType) {
     constexpr std::size_t kDeclarationLies = 4096;  // bytes from the start
-    if (Contains(LowerCase(contentType), "charset=utf-8")) return true;
+    if (NamesUtf8(LowerCase(contentType))) return true;
     const std::string start = LowerCase(body.substr(0, kDeclarationLies));
     for (std::size_t at = start.find("<meta"); at != std::string::npos;
          at = start.find("<meta", at + 1)) {
-        const std::string tag = start.substr(at, start.find('>', at) - at);
-        const auto charset = tag.find("charset=");
-        if (charset == std::string::npos) continue;
-        const auto name =
-            tag.find_first_not_of("\"' ", charset + std::string_view("charset=").size());
-        if (name != std::string::npos && tag.compare(name, 5, "utf-8") == 0) return true;
+        if (NamesUtf8(start.substr(at, start.find('>', at) - at))) return true;
     }
     return false;
 }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "app/text.h"
+
 namespace ssq {
 
 std::string ListPage(const std::vector<SiteDraw>& draws) {
@@ -57,11 +59,17 @@ std::string SalesPage(const std::vector<SiteSales>& issues) {
     return page + "</table>";
 }
 
-PageServer::Handler ListPages(std::vector<std::string> pages) {
+std::vector<std::string> DescendingNumbers() {
+    std::vector<std::string> numbers;
+    for (int n = 33; n >= 1; --n) numbers.push_back(TwoDigits(n));
+    return numbers;
+}
+
+PageServer::Handler ListPages(std::vector<std::string> pages, std::chrono::milliseconds delay) {
     for (std::string& page : pages) page = Gbk(page);
-    return [pages = std::move(pages)](const std::string& query) {
+    return [pages = std::move(pages), delay](const std::string& query) {
         const std::size_t number = std::stoul(query.substr(query.find('=') + 1));
-        return PageReply{number <= pages.size() ? pages[number - 1] : std::string()};
+        return PageReply{.body = number <= pages.size() ? pages[number - 1] : "", .delay = delay};
     };
 }
 

@@ -38,8 +38,11 @@ struct SiteSales {
 
 std::string SalesPage(const std::vector<SiteSales>& issues);
 
-// Pages of the list by number, from 1, as GBK; empty behind the last.
-PageServer::Handler ListPages(std::vector<std::string> pages);
+// 33 down to 01.
+std::vector<std::string> DescendingNumbers();
+
+// Pages of the list by number, from 1, as GBK, each after a delay; empty behind the last.
+PageServer::Handler ListPages(std::vector<std::string> pages, std::chrono::milliseconds delay = {});
 
 // One page, as GBK, whatever is asked.
 PageServer::Handler Always(const std::string& page);

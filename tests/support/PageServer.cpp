@@ -6,39 +6,11 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <stdexcept>
 
 namespace ssq {
-
-namespace {
-
-void SendAll(int connection, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t sent = send(connection, bytes.data(), bytes.size(), MSG_NOSIGNAL);
-        if (sent <= 0) return;
-        bytes.remove_prefix(static_cast<std::size_t>(sent));
-    }
-}
-
-std::string ReceiveHead(int connection) {
-    std::string head;
-    std::array<char, 4096> buffer{};
-    while (head.find("\r\n\r\n") == std::string::npos) {
-        const ssize_t got = recv(connection, buffer.data(), buffer.size(), 0);
-        if (got <= 0) break;
-        head.append(buffer.data(), static_cast<std::size_t>(got));
-    }
-    return head;
-}
-
-std::string ReplyHead(const PageReply& reply) {
-    if (!reply.location.empty()) return "HTTP/1.0 302 Found\r\nLocation: " + reply.location;
-    return "HTTP/1.0 200 OK\r\nContent-Type: " + reply.contentType +
-           "\r\nContent-Length: " + std::to_string(reply.body.size());
-}
-
-}  // namespace
 
 PageServer::PageServer() : listener_(socket(AF_INET, SOCK_STREAM, 0)) {
     sockaddr_in address{};
@@ -50,19 +22,19 @@ PageServer::PageServer() : listener_(socket(AF_INET, SOCK_STREAM, 0)) {
         getsockname(listener_, raw, &size) != 0) {
         throw std::runtime_error("no port for the page server");
     }
-    port_ = ntohs(address.sin_port);
-    thread_ = std::thread([this] { Accept(); });
+    url_ = "http://127.0.0.1:" + std::to_string(ntohs(address.sin_port));
+    thread_ = std::thread([this] {
+        for (int connection = 0; (connection = accept(listener_, nullptr, nullptr)) >= 0;) {
+            Answer(connection);
+            close(connection);
+        }
+    });
 }
 
 PageServer::~PageServer() {
-    stopping_ = true;
-    shutdown(listener_, SHUT_RDWR);
+    shutdown(listener_, SHUT_RDWR);  // ends the accept
     thread_.join();
     close(listener_);
-}
-
-std::string PageServer::url() const {
-    return "http://127.0.0.1:" + std::to_string(port_);
 }
 
 void PageServer::Serve(const std::string& path, Handler handler) {
@@ -75,37 +47,31 @@ std::vector<std::string> PageServer::requests() const {
     return requests_;
 }
 
-std::string PageServer::lastHead() const {
-    const std::lock_guard lock(mutex_);
-    return lastHead_;
-}
-
-void PageServer::Accept() {
-    while (!stopping_) {
-        const int connection = accept(listener_, nullptr, nullptr);
-        if (connection < 0) continue;
-        Answer(connection);
-        close(connection);
-    }
-}
-
 void PageServer::Answer(int connection) {
-    const std::string head = ReceiveHead(connection);
-    const std::size_t from = head.find(' ') + 1;
-    const std::string target = head.substr(from, head.find(' ', from) - from);
-    const std::size_t mark = target.find('?');
-    const std::string query = mark == std::string::npos ? "" : target.substr(mark + 1);
+    std::string head;
+    std::array<char, 4096> buffer{};
+    for (ssize_t got = 1; got > 0 && head.find("\r\n\r\n") == std::string::npos;) {
+        got = recv(connection, buffer.data(), buffer.size(), 0);
+        if (got > 0) head.append(buffer.data(), static_cast<std::size_t>(got));
+    }
+    const std::size_t path = head.find('/');
+    const std::size_t mark = head.find('?', path);
+    const std::size_t end = head.find(' ', path);
     PageReply reply;
     {
         const std::lock_guard lock(mutex_);
-        requests_.push_back(target);
-        lastHead_ = head;
-        const auto handler = handlers_.find(target.substr(0, mark));
+        requests_.push_back(head);
+        const auto handler = handlers_.find(head.substr(path, std::min(mark, end) - path));
+        const std::string query = mark < end ? head.substr(mark + 1, end - mark - 1) : "";
         if (handler != handlers_.end()) reply = handler->second(query);
     }
     std::this_thread::sleep_for(reply.delay);
-    SendAll(connection, ReplyHead(reply) + "\r\n\r\n");
-    SendAll(connection, std::string_view(reply.body).substr(0, reply.cutAt));
+    const std::string answer =
+        (reply.location.empty() ? "HTTP/1.0 200 OK"
+                                : "HTTP/1.0 302 Found\r\nLocation: " + reply.location) +
+        "\r\nContent-Length: " + std::to_string(reply.body.size()) + "\r\n\r\n" +
+        reply.body.substr(0, reply.cutAt);
+    send(connection, answer.data(), answer.size(), MSG_NOSIGNAL);  // blocks until all is sent
 }
 
 std::string Gbk(const std::string& text) {
