@@ -228,15 +228,10 @@ void GridView::showEvent(QShowEvent* event) {
     Rebuild();
 }
 
-// The base class would make a cell of the hidden headers' choice the current one.
-void GridView::focusInEvent(QFocusEvent* event) {
-    QAbstractScrollArea::focusInEvent(event);
-    viewport()->update();
-}
-
-void GridView::focusOutEvent(QFocusEvent* event) {
-    QAbstractScrollArea::focusOutEvent(event);
-    viewport()->update();
+// Keys are handled in keyPressEvent. With a cell of the hidden headers' choice the base class
+// would move the selection when the grid gets the focus.
+QModelIndex GridView::moveCursor(CursorAction /*action*/, Qt::KeyboardModifiers /*modifiers*/) {
+    return {};
 }
 
 void GridView::SelectCells(const Cell& anchor, const Cell& corner) {
