@@ -250,11 +250,11 @@ void GridPainter::PaintSelection(const QRect& area) {
     painter_.drawRect(cell.adjusted(1, 1, -3, -3));
 }
 
-bool TextIsClipped(const ResultGrid& grid, int row, int col, int width, GridFonts& fonts) {
+bool TextIsClipped(const ResultGrid& grid, int row, int col, const QSize& size, GridFonts& fonts) {
     const QString text = CellText(grid.cell(row, col));
-    const int room = Room(QRect(0, 0, width, width)).width();
-    const auto& face = fonts.Fitting(grid.style(row, col), text, room, width);
-    return face.metrics.horizontalAdvance(text) > room;
+    const QRect room = Room({{0, 0}, size});
+    const auto& face = fonts.Fitting(grid.style(row, col), text, room.width(), room.height());
+    return face.metrics.horizontalAdvance(text) > room.width();
 }
 
 }  // namespace ssq
