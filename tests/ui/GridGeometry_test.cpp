@@ -79,12 +79,10 @@ TEST(GridGeometry, TurnsTwipsIntoPixels) {
     grid.SetColWidth(0, 700);
     grid.SetColWidth(1, 550);
     grid.SetHidden(1, true);
-    const GridGeometry at96(grid, {1.0 / 15, 20, {0, 0, 80}});
-    EXPECT_EQ(at96.CellRect(1, 0, 0, 0), (PixelRect{0, 20, 47, 22}));
-    EXPECT_EQ(at96.CellRect(2, 2, 5, 7), (PixelRect{42, 35, 80, 20}));
-    EXPECT_TRUE(at96.CellRect(2, 1, 0, 0).empty());
     const GridGeometry at144(grid, {1.0 / 10, 30, {0, 0, 120}});
     EXPECT_EQ(at144.CellRect(1, 0, 0, 0), (PixelRect{0, 30, 70, 33}));
+    EXPECT_EQ(at144.CellRect(2, 2, 5, 7), (PixelRect{65, 56, 120, 30}));
+    EXPECT_TRUE(at144.CellRect(2, 1, 0, 0).empty());
 }
 
 }  // namespace

@@ -61,34 +61,15 @@ class Worksheet : public testing::Test {
         return Sheet(file_);
     }
 
-    // What the style reader says of the grid's file, one fact to a line.
-    std::set<std::string> Facts(const ResultGrid& grid) const {
-        EXPECT_TRUE(Written(grid).opened());
-        const fs::path list = folder_.path() / "facts";
-        const std::string command = "PYTHONIOENCODING=utf-8 /usr/bin/python3 " +
-                                    std::string(SSQ_SHEET_STYLES_SCRIPT) + " '" + file_.string() +
-                                    "' > '" + list.string() + "'";
-        EXPECT_EQ(std::system(command.c_str()), 0) << "needs python3-xlrd";
-        std::ifstream stream(list);
-        std::set<std::string> facts;
-        for (std::string line; std::getline(stream, line);) facts.insert(line);
-        return facts;
-    }
-
     const TempFolder folder_;
     const fs::path file_ = folder_.path() / "表.xls";
 };
 
 TEST_F(Worksheet, KeepsTextsWhoseFormMattersAndMakesNumbersOfTheRest) {
-    std::vector<std::pair<std::string, SheetCell>> cases{{"", {}},
-                                                         {"0", 0.0},
-                                                         {"7", 7.0},
-                                                         {"-5", -5.0},
-                                                         {"12.5", 12.5},
-                                                         {"0.05", 0.05},
-                                                         {"2013151", 2013151.0},
-                                                         {"123456789012345", 123456789012345.0},
-                                                         {"\xFF坏", "\xEF\xBF\xBD坏"}};
+    std::vector<std::pair<std::string, SheetCell>> cases{{"", {}}, {"\xFF坏", "\xEF\xBF\xBD坏"}};
+    for (const char* number : {"0", "7", "-5", "12.5", "0.05", "2013151", "123456789012345"}) {
+        cases.emplace_back(number, std::stod(number));
+    }
     for (const char* text :
          {"期号", "1234567890123456", "03", "1.50", ".5", "5.", "+7", "-0", " 7", "1e5", "-",
           "1,234", "01,02,33", "1-2", "=1+1", "50%", "café", "a\nb", "\xF0\x9F\x8E\xB1"}) {
@@ -147,6 +128,9 @@ TEST_F(Worksheet, ALongHistoryComesBackCellByCell) {
 }
 
 TEST_F(Worksheet, LooksAsTheGridDoes) {
+    if (std::system("/usr/bin/python3 -c 'import xlrd' 2>/dev/null") != 0) {
+        GTEST_SKIP() << "python3-xlrd is not installed";
+    }
     ResultGrid grid(5, 5, 2, 1);
     grid.SetCell(0, 1, "红球");
     grid.SetCell(0, 2, "红球");
@@ -164,7 +148,16 @@ TEST_F(Worksheet, LooksAsTheGridDoes) {
     grid.SetHidden(4, true);
     grid.SetRowHeight(2, 450);
     grid.gridBack = Rgb{51, 153, 102};
-    const auto facts = Facts(grid);
+    EXPECT_TRUE(Written(grid).opened());
+
+    const fs::path list = folder_.path() / "facts";
+    const std::string command = "PYTHONIOENCODING=utf-8 /usr/bin/python3 " SSQ_SHEET_STYLES_SCRIPT
+                                " '" +
+                                file_.string() + "' > '" + list.string() + "'";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    std::ifstream stream(list);
+    std::set<std::string> facts;
+    for (std::string line; std::getline(stream, line);) facts.insert(line);
     for (const char* fact : {
              "sheets 1",
              "merged 0 1 0 2",

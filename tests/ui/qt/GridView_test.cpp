@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractItemModelTester>
 #include <QAccessible>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -12,7 +11,6 @@
 #include <QTest>
 
 #include "ui/qt/GridCopy.h"
-#include "ui/qt/GridModel.h"
 
 namespace ssq {
 namespace {
@@ -209,14 +207,6 @@ TEST_F(GridViewTest, APressMayReplaceTheGrid) {
     EXPECT_EQ(Selection(), (Numbers{2, 2, 2, 2}));
 }
 
-TEST_F(GridViewTest, DraggingABorderOfTheHeadingSetsTheWidth) {
-    const QPoint border = CellRect(0, 4).topRight() + QPoint(1, 10);
-    Drag(border, border + QPoint(25, 0));
-    EXPECT_EQ(CellRect(0, 4).width(), 65);
-    EXPECT_EQ(view_.grid().colWidth(4), 975);
-    EXPECT_EQ(Selection(), (Numbers{2, 2, 2, 2}));
-}
-
 TEST_F(GridViewTest, PaintsColoursMarksAndLines) {
     ResultGrid grid = BigGrid();
     grid.gridBack = kGreen;
@@ -272,6 +262,8 @@ TEST_F(GridViewTest, AssistiveTechnologySeesATable) {
     ASSERT_NE(cell, nullptr);
     EXPECT_EQ(cell->text(QAccessible::Name).toStdString(), "3.4");
     EXPECT_EQ(cell->rect(), CellRect(3, 4).translated(view_.viewport()->mapToGlobal(QPoint(0, 0))));
+    EXPECT_EQ(table->tableInterface()->columnDescription(4).toStdString(), "1.4");
+    EXPECT_EQ(table->tableInterface()->rowDescription(3).toStdString(), "3.0");
     view_.selectionModel()->setCurrentIndex(view_.model()->index(90, 20),
                                             QItemSelectionModel::ClearAndSelect);
     EXPECT_EQ(Selection(), (Numbers{90, 20, 90, 20}));
@@ -288,18 +280,6 @@ TEST(GridFonts, TextsShrinkALittleBeforeTheyAreCut) {
     EXPECT_EQ(width(full), full);
     EXPECT_LE(width(full - full / 8), full - full / 8);
     EXPECT_GT(width(full / 2), full / 2);
-}
-
-TEST(GridModel, KeepsTheRulesOfAModel) {
-    GridModel model;
-    const QAbstractItemModelTester tester(&model,
-                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
-    model.Replace(BigGrid());
-    model.Change([](ResultGrid& grid) { grid.SetCell(2, 2, "x"); });
-    model.Change([](ResultGrid& grid) { grid.AddRow(); });
-    EXPECT_EQ(model.headerData(3, Qt::Horizontal).toString().toStdString(), "1.3");
-    EXPECT_EQ(model.headerData(3, Qt::Vertical).toString().toStdString(), "3.0");
-    model.Replace(ResultGrid());
 }
 
 }  // namespace
