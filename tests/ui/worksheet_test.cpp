@@ -137,6 +137,7 @@ TEST_F(Worksheet, LooksAsTheGridDoes) {
     grid.SetMergeRow(0);
     grid.SetBack(2, 1, {0xBB, 0xDF, 0xE6});
     grid.SetFore(2, 2, {0xFF, 0, 0});
+    grid.SetBack(4, 1, {0x99, 0x33, 0x66});  // dark enough for light texts
     grid.SetBold(2, 2);
     grid.SetFont(2, 3, "黑体", 14);
     grid.SetCell(3, 1, "123456789012");
@@ -168,6 +169,7 @@ TEST_F(Worksheet, LooksAsTheGridDoes) {
              "cell 2 2 #339966 #FF0000 bold 9 宋体 left 1 General",
              "cell 2 3 #339966 none plain 14 黑体 general 1 General",
              "cell 3 1 #339966 none plain 9 宋体 centre 1 0",
+             "cell 4 1 #993366 #FAEEF4 plain 9 宋体 centre 1 General",
              "cell 4 4 #339966 none plain 9 宋体 general 1 General",
              // 60 pixels are ten digits, in 1/256 of a digit.
              "width 1 2560 0",
