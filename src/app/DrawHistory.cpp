@@ -36,6 +36,13 @@ bool CheckFilter(Host& host, const NumberFilter& filter, const std::string& name
            CheckNumberRange(host, filter.from, filter.to, "起始" + name, "结束" + name);
 }
 
+// The statement for a request whose ticked filters have passed their check.
+std::string HistoryQuery(const HistoryRequest& request) {
+    return "Select * from cpInfo where 开奖期号>=" + request.range.start +
+           " and 开奖期号<=" + request.range.end + Condition("下期奖池", request.pool) +
+           Condition("一等注数", request.firstPrizes);
+}
+
 void SetUpColumns(const Recordset& draws, ResultGrid& grid) {
     for (int col = 0; col < grid.cols(); ++col) grid.SetCell(0, col, draws.FieldName(col));
     grid.SetColWidths(0, grid.cols() - 1, 1500);
@@ -74,12 +81,6 @@ bool CheckNumberRange(Host& host, std::string_view fromText, std::string_view to
         return false;
     }
     return true;
-}
-
-std::string HistoryQuery(const HistoryRequest& request) {
-    return "Select * from cpInfo where 开奖期号>=" + request.range.start +
-           " and 开奖期号<=" + request.range.end + Condition("下期奖池", request.pool) +
-           Condition("一等注数", request.firstPrizes);
 }
 
 ResultGrid HistoryGrid(Recordset& draws) {

@@ -31,9 +31,6 @@ struct HistoryRequest {
 bool CheckNumberRange(Host& host, std::string_view fromText, std::string_view toText,
                       const std::string& fromName, const std::string& toName);
 
-// The statement for a request whose ticked filters have passed CheckNumberRange.
-std::string HistoryQuery(const HistoryRequest& request);
-
 // One row to a draw, the columns those of the query.
 ResultGrid HistoryGrid(Recordset& draws);
 

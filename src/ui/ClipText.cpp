@@ -42,6 +42,7 @@ std::string KillConditions(const ResultGrid& grid, int groups) {
         {{2, 8}, {7, 13}, {8, 14}, {13, 19}, {14, 20}, {19, 25}, {2, 25}}};
 
     const int row = grid.rowSel();
+    if (row < 0) return {};
     std::string text;
     for (int i = 1; i <= (groups + 1) * kGroupCols; ++i) {
         text += grid.cell(row, i + 1);

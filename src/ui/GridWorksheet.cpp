@@ -178,6 +178,8 @@ class SheetWriter {
         if (!format.style.back) {
             format.style.back = fixed ? std::optional(kFixedBack) : grid_.gridBack;
         }
+        const auto& back = format.style.back;
+        if (!fixed && !format.style.fore && back && IsDark(*back)) format.style.fore = kInkOnDark;
         format.lines = fixed ? kFixedLine : grid_.gridLines.value_or(kGridLine);
         return format;
     }

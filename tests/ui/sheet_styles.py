@@ -23,8 +23,6 @@ for r in range(sheet.nrows):
               colour(font.colour_index), "bold" if font.bold else "plain", font.height // 20,
               font.name, ["general", "left", "centre"][xf.alignment.hor_align],
               xf.border.left_line_style, book.format_map[xf.format_key].format_str)
-        if sheet.cell_type(r, c) == xlrd.XL_CELL_TEXT:
-            print("text", r, c, sheet.cell_value(r, c))
 for c in range(sheet.ncols):
     print("width", c, sheet.colinfo_map[c].width, sheet.colinfo_map[c].hidden)
 for first_row, end_row, first_col, end_col in sorted(sheet.merged_cells):

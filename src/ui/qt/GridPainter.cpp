@@ -14,7 +14,6 @@ namespace {
 constexpr QRgb kPaper = qRgb(0xFF, 0xFF, 0xFF);
 constexpr QRgb kInk = qRgb(0x1E, 0x26, 0x24);
 constexpr QRgb kFreezeLine = qRgb(0x8F, 0xA3, 0x9B);
-constexpr QRgb kInkOnDark = qRgb(0xFA, 0xEE, 0xF4);
 constexpr int kPaleAlpha = 130;  // of texts shown faintly
 constexpr int kSelectionAlpha = 72;
 constexpr int kSelectionAlphaUnfocused = 44;
@@ -24,9 +23,8 @@ QColor Colour(const Rgb& rgb) {
 }
 
 // A text colour that can be read on the ground.
-QColor InkOn(const QColor& ground) {
-    constexpr int kDarkGrey = 105;  // between the two chart colours: green takes dark text
-    return qGray(ground.rgb()) < kDarkGrey ? QColor(kInkOnDark) : QColor(kInk);
+QColor InkOn(const Rgb& ground) {
+    return IsDark(ground) ? Colour(kInkOnDark) : QColor(kInk);
 }
 
 QRect Rect(const PixelRect& rect) {
@@ -173,7 +171,7 @@ QColor GridPainter::Ink(int row, int col) const {
     const bool fixed = row < grid.fixedRows() || col < grid.fixedCols();
     const auto& ground = style.mark ? style.mark : style.back ? style.back : grid.gridBack;
     if (fixed || !ground) return {kInk};
-    QColor ink = InkOn(Colour(*ground));
+    QColor ink = InkOn(*ground);
     if (!grid.paleText.empty() && grid.cell(row, col) == grid.paleText) ink.setAlpha(kPaleAlpha);
     return ink;
 }
@@ -250,11 +248,11 @@ void GridPainter::PaintSelection(const QRect& area) {
     painter_.drawRect(cell.adjusted(1, 1, -3, -3));
 }
 
-bool TextIsClipped(const ResultGrid& grid, int row, int col, int width, GridFonts& fonts) {
+bool TextIsClipped(const ResultGrid& grid, int row, int col, const QSize& size, GridFonts& fonts) {
     const QString text = CellText(grid.cell(row, col));
-    const int room = Room(QRect(0, 0, width, width)).width();
-    const auto& face = fonts.Fitting(grid.style(row, col), text, room, width);
-    return face.metrics.horizontalAdvance(text) > room;
+    const QRect room = Room({{0, 0}, size});
+    const auto& face = fonts.Fitting(grid.style(row, col), text, room.width(), room.height());
+    return face.metrics.horizontalAdvance(text) > room.width();
 }
 
 }  // namespace ssq

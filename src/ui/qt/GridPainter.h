@@ -56,7 +56,7 @@ class GridPainter {
     QPainter& painter_;
 };
 
-// Whether the text of a cell is cut short in a rectangle of that width.
-bool TextIsClipped(const ResultGrid& grid, int row, int col, int width, GridFonts& fonts);
+// Whether the text of a cell is cut short in a rectangle of that size.
+bool TextIsClipped(const ResultGrid& grid, int row, int col, const QSize& size, GridFonts& fonts);
 
 }  // namespace ssq

@@ -203,12 +203,13 @@ void GridView::ShowToolTip(const QPoint& point, const QPoint& place) {
     const CellRange range = geometry_.MergedAround(cell->row, cell->col);
     const PixelRect rect = geometry_.VisibleRect(range, horizontalOffset(), verticalOffset(),
                                                  viewport()->width(), viewport()->height());
-    const PixelRect whole =
-        geometry_.CellRect(cell->row, cell->col, horizontalOffset(), verticalOffset());
+    // The text of merged cells stands in what can be seen of them, that of one cell in all of it.
     const bool merged = range.top != range.bottom || range.left != range.right;
-    if (!TextIsClipped(grid(), cell->row, cell->col, merged ? rect.width : whole.width, fonts_)) {
-        return QToolTip::hideText();
-    }
+    const PixelRect textRect =
+        merged ? rect
+               : geometry_.CellRect(cell->row, cell->col, horizontalOffset(), verticalOffset());
+    const QSize size(textRect.width, textRect.height);
+    if (!TextIsClipped(grid(), cell->row, cell->col, size, fonts_)) return QToolTip::hideText();
     QToolTip::showText(place, QString::fromStdString(grid().cell(cell->row, cell->col)), viewport(),
                        {rect.x, rect.y, rect.width, rect.height});
 }
@@ -228,15 +229,10 @@ void GridView::showEvent(QShowEvent* event) {
     Rebuild();
 }
 
-// The base class would make a cell of the hidden headers' choice the current one.
-void GridView::focusInEvent(QFocusEvent* event) {
-    QAbstractScrollArea::focusInEvent(event);
-    viewport()->update();
-}
-
-void GridView::focusOutEvent(QFocusEvent* event) {
-    QAbstractScrollArea::focusOutEvent(event);
-    viewport()->update();
+// Keys are handled in keyPressEvent. With a cell of the hidden headers' choice the base class
+// would move the selection when the grid gets the focus.
+QModelIndex GridView::moveCursor(CursorAction /*action*/, Qt::KeyboardModifiers /*modifiers*/) {
+    return {};
 }
 
 void GridView::SelectCells(const Cell& anchor, const Cell& corner) {

@@ -29,7 +29,6 @@ enum class Record : std::uint16_t {
     kBlank = 0x0201,
     kNumber = 0x0203,
     kRow = 0x0208,
-    kDefaultRowHeight = 0x0225,
     kWindow2 = 0x023E,
     kStyle = 0x0293,
     kBof = 0x0809,
