@@ -22,13 +22,14 @@ TEST(ChartRoad, BuildsTakesPicksHidesNumbersAndExports) {
     EXPECT_EQ(driver.Text("Frame2"), "走势图结果  [共5期]");
 
     const auto press = [&](int row, int col) {
-        driver.Do({{"do", "mouse"}, {"control", "vs1"}, {"row", row}, {"col", col}});
+        driver.Do(
+            {{"do", "mouse"}, {"control", "vs1"}, {"row", row}, {"col", col}, {"button", "left"}});
         return DriverClient::Cell(driver.Grid("vs1"), row, col);
     };
     EXPECT_EQ(press(6, 10), "08");
     EXPECT_EQ(press(6, 10), "");
     EXPECT_EQ(press(8, 35), "33");
-    EXPECT_EQ(press(9, 3), "0");  // the rates are no pick row
+    EXPECT_EQ(press(9, 3), "20");  // the rates are no pick row
 
     const auto hidden = [&](const char* entry) {
         driver.Do({{"do", "popup"}, {"control", "vs1"}, {"row", 1}, {"col", 1}, {"entry", entry}});
