@@ -21,10 +21,10 @@ TEST(ChartRoad, BuildsTakesPicksHidesNumbersAndExports) {
     EXPECT_THAT(DriverClient::Messages(driver.Click("Command1")), ElementsAre());
     EXPECT_EQ(driver.Text("Frame2"), "走势图结果  [共5期]");
 
-    const auto press = [&](int row, int col) {
+    const auto press = [&](int r, int c) {
         driver.Do(
-            {{"do", "mouse"}, {"control", "vs1"}, {"row", row}, {"col", col}, {"button", "left"}});
-        return DriverClient::Cell(driver.Grid("vs1"), row, col);
+            {{"do", "mouse"}, {"control", "vs1"}, {"button", "left"}, {"row", r}, {"col", c}});
+        return DriverClient::Cell(driver.Grid("vs1"), r, c);
     };
     EXPECT_EQ(press(6, 10), "08");
     EXPECT_EQ(press(6, 10), "");
@@ -44,8 +44,6 @@ TEST(ChartRoad, BuildsTakesPicksHidesNumbersAndExports) {
     driver.Do({{"do", "answer"}, {"file", QString::fromStdString(file.string())}});
     EXPECT_THAT(DriverClient::Messages(driver.Click("Command2")), ElementsAre("保存成功！"));
     EXPECT_TRUE(std::filesystem::exists(file.string() + ".xls"));
-    driver.Do({{"do", "answer"}, {"file", ""}});
-    EXPECT_THAT(DriverClient::Messages(driver.Click("Command2")), ElementsAre());
 }
 
 }  // namespace
