@@ -19,14 +19,6 @@ constexpr Rgb kLastButTwo{236, 241, 241};
 
 class MainTrendChartTest : public testing::Test {
   protected:
-    // Five draws in a row; what their counters say is worked out in the tests.
-    void AddFive() {
-        database.AddDraw(2024001, "2024-01-02", "01,05,10,20,30,33", 5, "20,01,33,05,10,30");
-        database.AddDraw(2024002, "2024-01-04", "03,05,12,21,31,32", 7);
-        database.AddDraw(2024003, "2024-01-07", "01,03,06,10,11,20", 16);
-        database.AddDraw(2024004, "2024-01-09", "05,12,13,14,30,31", 1);
-        database.AddDraw(2024005, "2024-01-11", "07,08,10,21,24,33", 2);
-    }
     bool Build(const std::string& start, const std::string& end, int type = 0) {
         return BuildMainTrendChart(database.session(), {start, end}, type, chart);
     }
@@ -43,7 +35,11 @@ class MainTrendChartTest : public testing::Test {
 };
 
 TEST_F(MainTrendChartTest, LaysOutDrawsPicksCountsAndRates) {
-    AddFive();
+    database.AddDraw(2024001, "2024-01-02", "01,05,10,20,30,33", 5, "20,01,33,05,10,30");
+    database.AddDraw(2024002, "2024-01-04", "03,05,12,21,31,32", 7);
+    database.AddDraw(2024003, "2024-01-07", "01,03,06,10,11,20", 16);
+    database.AddDraw(2024004, "2024-01-09", "05,12,13,14,30,31", 1);
+    database.AddDraw(2024005, "2024-01-11", "07,08,10,21,24,33", 2);
     ASSERT_TRUE(Build(" 2024001 ", "2024005"));
     EXPECT_EQ(chart.caption, "走势图结果  [共5期]");
     EXPECT_EQ(chart.pickRowList, "06,07,08");
