@@ -197,14 +197,15 @@ void SetLightFore(ResultGrid& grid, int row, int col, Rgb colour) {
     grid.SetMark(row, col, kDarkBall);
 }
 
-// Marks in the two rows before the last draw what differs from the rows below.
+// Marks in the two rows before the last draw what differs from the rows below. In a series of one
+// or two draws that reaches the heading, as it would any other row.
 void ColourLastRows(ResultGrid& grid, int lastDraw) {
     for (int col = kFirstNumberCol; col <= kLastNumberCol; ++col) {
         const std::string& last = grid.cell(lastDraw, col);
         const std::string& before = grid.cell(lastDraw - 1, col);
         const std::string& twoBefore = grid.cell(lastDraw - 2, col);
-        if (lastDraw - 1 >= 1 && before != last) SetLightFore(grid, lastDraw - 1, col, kLastButOne);
-        if (lastDraw - 2 >= 1 && twoBefore != last && before != twoBefore) {
+        if (before != last) SetLightFore(grid, lastDraw - 1, col, kLastButOne);
+        if (twoBefore != last && before != twoBefore) {
             SetLightFore(grid, lastDraw - 2, col, kLastButTwo);
         }
     }
