@@ -11,6 +11,7 @@ namespace ssq {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 
 class KillRoad : public testing::Test {
   protected:
@@ -44,6 +45,7 @@ TEST_F(KillRoad, LearnsEverySizeAndShowsTheLearnedDraws) {
         const QJsonObject grid = driver.Grid("vs1");
         EXPECT_EQ(grid["cols"].toInt(), 6 * (dmgs + 1) + 4);
         EXPECT_EQ(driver.Text("cboSdate"), "2026105");
+        EXPECT_THAT(driver.Text("Frame2"), HasSubstr("10期内杀" + std::to_string(6 * dmgs + 6)));
         EXPECT_EQ(DriverClient::Cell(grid, 1, 0), "2026105");
         EXPECT_EQ(DriverClient::Cell(grid, 11, 1), "2026115期杀号推荐");
         // Without tolerance the verdicts count the very draws that the search counted.

@@ -127,6 +127,7 @@ TEST_F(KillLearningTest, RestoresARecord) {
     EXPECT_EQ(grid.rows(), 251);
     EXPECT_EQ(grid.cell(1, 3), "9999");
     EXPECT_EQ(grid.cell(2, 3), "18");
+    EXPECT_EQ(grid.cell(0, 6) + grid.cell(2, 6), "杀对概率87.5");
 
     const std::string id = grid.cell(2, 0);
     ASSERT_TRUE(RestoreKillRecord(session, id));

@@ -52,6 +52,7 @@ class KillRecommendTest : public testing::Test {
 TEST_F(KillRecommendTest, ShowsEachDrawTheForecastAndTheRates) {
     ASSERT_TRUE(Recommend("2020011", "2020012"));
     const ResultGrid& grid = result.grid;
+    EXPECT_EQ(grid.cell(1, 0) + " " + grid.cell(1, 1), "2020011 06,20,21,22,23,24");
     EXPECT_EQ(result.caption,
               "杀码统计结果,共2期数据(当前的学习模式是：10期内杀12码,最多允许错0码)");
     EXPECT_EQ(Row(0), "01,02,03,04,05,06,07,08,09,10,11,12,命中,判定");
@@ -67,6 +68,8 @@ TEST_F(KillRecommendTest, ShowsEachDrawTheForecastAndTheRates) {
         {1, 2, kMark},  {1, 9, kMark},         {1, 3, std::nullopt}, {1, 8, kBand},
         {3, 13, kBand}, {3, 14, std::nullopt}, {4, 8, std::nullopt}};
     for (const auto& [row, col, back] : backs) EXPECT_EQ(grid.style(row, col).back, back);
+    EXPECT_EQ(grid.rowHeight(2), 300);
+    EXPECT_EQ(grid.rowHeight(3), 400);
     const CellStyle& verdict = grid.style(2, 15);
     EXPECT_TRUE(verdict.fore == kMark && verdict.bold && verdict.fontSize == 16);
     EXPECT_EQ(grid.style(4, 2).fontName, "Arial Narrow");
