@@ -72,6 +72,7 @@ void frmSHAMA::Recommend() {
     if (!KillRecommend(context_.session, RangeOf(*start_, *end_), result)) return;
     resultGroup_->setTitle(Qs(result.caption));
     vs1_->SetGrid(std::move(result.grid));
+    vs1_->scrollToBottom();  // the forecast stands below the draws
 }
 
 void frmSHAMA::Learn() {
