@@ -29,30 +29,29 @@ constexpr double kMarkerRadius = 3.5;
 constexpr double kLeastMarkerRoom = 8;  // between points; closer ones go without markers
 constexpr double kGap = 6;              // between neighbouring texts
 
-// Gives out room along an axis; a text that would overlap another is refused.
+// Draws texts in order of their weight; one that would overlap an earlier one is left out.
 class TextRoom {
   public:
-    bool Take(double centre, double extent) {
-        const double from = centre - extent / 2 - kGap / 2;
-        const double to = centre + extent / 2 + kGap / 2;
-        const bool free = std::none_of(taken_.begin(), taken_.end(), [&](const auto& other) {
-            return from < other.second && other.first < to;
-        });
-        if (free) taken_.emplace_back(from, to);
-        return free;
+    explicit TextRoom(QPainter& painter) : painter_(painter) {}
+
+    // On a light ground, so that the text can be read where the line passes behind it.
+    void Draw(const QPointF& centre, const QString& text) {
+        QRectF box = painter_.fontMetrics().boundingRect(text).toRectF();
+        box.moveCenter(centre);
+        const QRectF wanted = box.adjusted(-kGap / 2, 0, kGap / 2, 0);
+        if (std::any_of(taken_.begin(), taken_.end(),
+                        [&](const QRectF& other) { return other.intersects(wanted); })) {
+            return;
+        }
+        taken_.push_back(wanted);
+        painter_.fillRect(box, kTextGround);
+        painter_.drawText(box, Qt::AlignCenter | Qt::TextDontClip, text);
     }
 
   private:
-    std::vector<std::pair<double, double>> taken_;
+    QPainter& painter_;
+    std::vector<QRectF> taken_;
 };
-
-// On a light ground, so that it can be read where the line passes behind it.
-void DrawText(QPainter& painter, const QPointF& centre, const QString& text) {
-    QRectF box = painter.fontMetrics().boundingRect(text).toRectF();
-    box.moveCenter(centre);
-    painter.fillRect(box, kTextGround);
-    painter.drawText(box, Qt::AlignCenter | Qt::TextDontClip, text);
-}
 
 void DrawMarker(QPainter& painter, const QPointF& centre) {
     QPainterPath circle;
@@ -74,11 +73,13 @@ LineChart::LineChart(QWidget* parent)
     picture.addAxis(valueAxis_, Qt::AlignLeft);
     line_->attachAxis(labelAxis_);
     line_->attachAxis(valueAxis_);
-    line_->setPen(QPen(kLine, 2));
     labelAxis_->setLabelsVisible(false);
     labelAxis_->setGridLineVisible(false);
     valueAxis_->setGridLinePen(QPen(kGridLines, 1));
     valueAxis_->setLabelsVisible(false);
+    // The chart's own background keeps an old size while the view is hidden.
+    picture.setBackgroundVisible(false);
+    setBackgroundBrush(Qt::white);
     setRenderHint(QPainter::Antialiasing);
     connect(line_, &QLineSeries::hovered, this, &LineChart::ShowTip);
 }
@@ -95,6 +96,7 @@ void LineChart::Show(const LineChartData& data) {
     valueAxis_->setRange(data.min, data.max);
     valueAxis_->setTickCount(data.division + 1);
     setAccessibleName(Qs(data.title));
+    FitLine();
     viewport()->update();
 }
 
@@ -105,6 +107,16 @@ QPointF LineChart::PlaceOf(std::size_t point) const {
 void LineChart::resizeEvent(QResizeEvent* event) {
     QChartView::resizeEvent(event);
     chart()->setPlotArea(QRectF(QPointF(), viewport()->size()).marginsRemoved(kPlotMargins));
+    FitLine();
+}
+
+bool LineChart::IsCrowded() const {
+    return chart()->plotArea().width() <
+           kLeastMarkerRoom * static_cast<double>(data_.values.size());
+}
+
+void LineChart::FitLine() {
+    line_->setPen(QPen(kLine, IsCrowded() ? 1 : 2));
 }
 
 void LineChart::drawForeground(QPainter* painter, const QRectF&) {
@@ -112,7 +124,7 @@ void LineChart::drawForeground(QPainter* painter, const QRectF&) {
     painter->setFont(font());
     painter->setPen(kText);
     const QRectF plot = chart()->plotArea();
-    DrawText(*painter, {plot.center().x(), plot.top() * kTitlePlace}, Qs(data_.title));
+    TextRoom(*painter).Draw({plot.center().x(), plot.top() * kTitlePlace}, Qs(data_.title));
     DrawScale(*painter);
     DrawLabels(*painter);
     DrawPoints(*painter);
@@ -121,45 +133,44 @@ void LineChart::drawForeground(QPainter* painter, const QRectF&) {
 void LineChart::DrawScale(QPainter& painter) const {
     const QFontMetricsF metrics = painter.fontMetrics();
     const QRectF plot = chart()->plotArea();
-    TextRoom room;
+    TextRoom room(painter);
     for (int tick = 0; tick <= data_.division; ++tick) {
         const double part = static_cast<double>(tick) / data_.division;
         const double y = plot.bottom() - part * plot.height();
         const QString text = Qs(NumberText(data_.min + part * (data_.max - data_.min)));
-        if (!room.Take(y, metrics.ascent())) continue;
-        DrawText(painter, {plot.left() - kGap - metrics.horizontalAdvance(text) / 2, y}, text);
+        room.Draw({plot.left() - kGap - metrics.horizontalAdvance(text) / 2, y}, text);
     }
 }
 
 // A label that is no number marks its point, so it goes before the running ones.
 void LineChart::DrawLabels(QPainter& painter) const {
-    const QFontMetricsF metrics = painter.fontMetrics();
-    const double y = chart()->plotArea().bottom() + kGap + metrics.height() / 2;
+    const double y =
+        chart()->plotArea().bottom() + kGap + QFontMetricsF(painter.fontMetrics()).height() / 2;
     const std::size_t count = std::min(data_.labels.size(), data_.values.size());
-    TextRoom room;
+    TextRoom room(painter);
     for (const bool numbers : {false, true}) {
         for (std::size_t point = 0; point < count; ++point) {
             if (IsNumeric(data_.labels[point]) != numbers) continue;
-            const QString label = Qs(data_.labels[point]);
-            const double x = PlaceOf(point).x();
-            if (room.Take(x, metrics.horizontalAdvance(label))) DrawText(painter, {x, y}, label);
+            room.Draw({PlaceOf(point).x(), y}, Qs(data_.labels[point]));
         }
     }
 }
 
+// The peaks stand out most, so they are written first.
 void LineChart::DrawPoints(QPainter& painter) const {
-    const QFontMetricsF metrics = painter.fontMetrics();
-    const double rise = 2 * kMarkerRadius + metrics.height() / 2;
-    const double distance = chart()->plotArea().width() / static_cast<double>(data_.values.size());
-    TextRoom room;
+    const double rise = 2 * kMarkerRadius + QFontMetricsF(painter.fontMetrics()).height() / 2;
+    std::vector<std::size_t> order;
     for (std::size_t point = 0; point < data_.values.size(); ++point) {
-        const double value = data_.values[point];
-        if (value < data_.min || value > data_.max) continue;
-        const QString text = Qs(NumberText(value));
-        const QPointF place = PlaceOf(point);
-        if (distance >= kLeastMarkerRoom) DrawMarker(painter, place);
-        if (!room.Take(place.x(), metrics.horizontalAdvance(text))) continue;
-        DrawText(painter, place - QPointF(0, rise), text);
+        if (data_.values[point] < data_.min || data_.values[point] > data_.max) continue;
+        order.push_back(point);
+        if (!IsCrowded()) DrawMarker(painter, PlaceOf(point));
+    }
+    std::stable_sort(order.begin(), order.end(), [this](std::size_t left, std::size_t right) {
+        return data_.values[left] > data_.values[right];
+    });
+    TextRoom room(painter);
+    for (const std::size_t point : order) {
+        room.Draw(PlaceOf(point) - QPointF(0, rise), Qs(NumberText(data_.values[point])));
     }
 }
 

@@ -35,6 +35,8 @@ class LineChart final : public QChartView {
 
   private:
     QPointF PlaceOf(std::size_t point) const;
+    bool IsCrowded() const;
+    void FitLine();
     void DrawScale(QPainter& painter) const;
     void DrawLabels(QPainter& painter) const;
     void DrawPoints(QPainter& painter) const;
