@@ -28,24 +28,6 @@ class DrawUpdate : public UpdateTest {
     std::string Issues() { return Column("select kjqh from cphm order by id"); }
 };
 
-TEST_F(DrawUpdate, FillsAnEmptyTableFromTheFirstDrawOn) {
-    Serve({ListPage({kThird, kSecond}), ListPage({kFirst})});
-    EXPECT_TRUE(Update());
-    EXPECT_THAT(Told(), ElementsAre("共更新3期!"));
-    EXPECT_EQ(Issues(), "2003001 2003002 2003003");
-    EXPECT_EQ(database.session().LatestIssue, "2003003");
-    EXPECT_EQ(database.session().DrawCount, 3);
-    // 27 February 2003 was a Thursday and the 27th of the lunar month.
-    EXPECT_EQ(Column("select qid||'|'||kjhm||'|'||a1||','||a6||','||a7||'|'||kjDate||'|'||kjWeek||"
-                     "'|'||nnDate||'|'||(cqsx is null) from cphm where kjqh=2003002"),
-              "2|04,09,19,20,21,26|4,26,12|2003-02-27|5|27|1");
-    // The first page is read once for its newest issue; nothing is asked for behind 2003001.
-    EXPECT_THAT(site.requests(), ElementsAre(HasSubstr("?pagenum=1 "), HasSubstr("?pagenum=1 "),
-                                             HasSubstr("?pagenum=2 ")));
-    EXPECT_FALSE(Update());
-    EXPECT_THAT(Told(), ElementsAre("数据为最新，无需更新！"));
-}
-
 TEST_F(DrawUpdate, StopsAtTheFirstKnownDrawAndNumbersOn) {
     database.AddDraw(2003001, "2003-02-23", "10,11,12,13,26,28", 11);
     database.Run("update cphm set qid=7");

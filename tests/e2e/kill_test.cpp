@@ -68,27 +68,6 @@ TEST_F(KillRoad, KeepsTheStuckStateUntilThePanelIsClosed) {
     EXPECT_FALSE(Control("frmMsg")["visible"].toBool());
 }
 
-TEST_F(KillRoad, ProposesSettingsBySize) {
-    Learn(1, "7", "60");
-    driver.Click("Command2");
-    const auto shown = [&] {
-        return driver.Text("txtQS") + " " + driver.Text("txtGL") + " " +
-               std::to_string(Control("cboycGs")["index"].toInt()) + "/" +
-               std::to_string(Control("cboycGs")["items"].toArray().size()) +
-               (Control("cboycGs")["enabled"].toBool() ? " on" : " off");
-    };
-    EXPECT_EQ(shown(), "7 60 2/3 on");
-    driver.Choose("cboSmGs", 0);
-    EXPECT_EQ(shown(), "7 40 0/2 off");
-    driver.Choose("cboSmGs", 1);
-    EXPECT_EQ(shown(), "7 60 2/3 on");
-    driver.Click("Command3");
-    EXPECT_EQ(shown(), "5 90 2/3 on");
-    driver.Do({{"do", "key"}, {"control", "txtQS"}, {"key", "Escape"}});
-    EXPECT_EQ(driver.Click("Command2")["panel"].toString(), "frmSHAMA");
-    EXPECT_EQ(Row("select xxqs,setRate from vqs where itype=1"), (QJsonArray{7, 60}));
-}
-
 TEST_F(KillRoad, RestoresARecordAndCopiesItsConditions) {
     EXPECT_THAT(DriverClient::Messages(driver.Click("Command3")), ElementsAre("还没有学习记录！"));
     driver.Click("Command2");

@@ -112,34 +112,6 @@ TEST_F(KillLearningTest, LogsNothingThatItCouldNotStore) {
     EXPECT_EQ(Text("select count(*) from tSrecord"), "0");
 }
 
-TEST_F(KillLearningTest, RestoresARecord) {
-    ResultGrid grid;
-    EXPECT_FALSE(ReadKillRecords(session, grid));
-    EXPECT_FALSE(RestoreKillRecord(session, "1"));
-    EXPECT_THAT(database.host().Texts(), ElementsAre("还没有学习记录！", "无数据！"));
-
-    Set("9", 0, 0, "40");
-    for (int i = 0; i < 251; ++i) {
-        AddKillRecord(session, {"2020050", "8", i == 250 ? "7" : "2", "1", "87.5", "3,17,99", "1"});
-    }
-    AddKillRecord(session, {"2020050", "8", "2", "1", "87.5", "3,17,99", "2"});
-    ASSERT_TRUE(ReadKillRecords(session, grid));
-    EXPECT_EQ(grid.rows(), 251);
-    EXPECT_EQ(grid.cell(1, 3), "9999");
-    EXPECT_EQ(grid.cell(2, 3), "18");
-    EXPECT_EQ(grid.cell(0, 6) + grid.cell(2, 6), "杀对概率87.5");
-
-    const std::string id = grid.cell(2, 0);
-    ASSERT_TRUE(RestoreKillRecord(session, id));
-    EXPECT_EQ(Text("select count(*) from tds"), "0");
-    database.Run("insert into tds(dsgs,dsrate,dstype) values('5',40,1)");
-    ASSERT_TRUE(RestoreKillRecord(session, id));
-    EXPECT_EQ(Text("select dsgs from tds"), "3,17,99");
-    EXPECT_EQ(Text("select count(*) from vqs where itype=1 and xxqs=8 and dmgs=2 and rc=1 and "
-                   "setRate=87.5"),
-              "1");
-}
-
 TEST_F(KillLearningTest, ChecksTheSettings) {
     database.Run("delete from vqs where itype=1");
     const auto save = [&](const char* xxqs, const char* rate) {

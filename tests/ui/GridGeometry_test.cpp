@@ -73,17 +73,5 @@ TEST(GridAxis, PagesMoveAtLeastOneCellAndStopAtTheEnds) {
     EXPECT_EQ(GridAxis({10, 0}, 1).Step(1, 1), -1);
 }
 
-TEST(GridGeometry, TurnsTwipsIntoPixels) {
-    ResultGrid grid(3, 3, 1, 1);
-    grid.SetRowHeight(1, 330);
-    grid.SetColWidth(0, 700);
-    grid.SetColWidth(1, 550);
-    grid.SetHidden(1, true);
-    const GridGeometry at144(grid, {1.0 / 10, 30, {0, 0, 120}});
-    EXPECT_EQ(at144.CellRect(1, 0, 0, 0), (PixelRect{0, 30, 70, 33}));
-    EXPECT_EQ(at144.CellRect(2, 2, 5, 7), (PixelRect{65, 56, 120, 30}));
-    EXPECT_TRUE(at144.CellRect(2, 1, 0, 0).empty());
-}
-
 }  // namespace
 }  // namespace ssq

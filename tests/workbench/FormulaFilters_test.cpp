@@ -5,7 +5,6 @@
 
 #include <vector>
 
-#include "workbench/NumberCount.h"
 #include "workbench/WorkbenchData.h"
 
 namespace ssq {
@@ -90,55 +89,12 @@ TEST_F(Filters, PassFormulasByThresholdOrMaximum) {
     }
 }
 
-TEST_F(Filters, CaptionTheirResults) {
-    ASSERT_TRUE(FilterForWorkbench(session, statistics, "2003018", kRunFilter, "最大连出", result));
-    EXPECT_EQ(result.resultCaption, "筛选当前连出次数大于等于最大连出 的公式,共1条数据");
-    EXPECT_EQ(result.grid.cell(0, 7) + result.grid.cell(0, 8), "连出超出2003019期公式预测号码");
-    ASSERT_TRUE(
-        FilterForOmissionScreen(session, statistics, "2003018", "<=1", kGapFilter, 5, result));
-    EXPECT_EQ(result.issueCaption,
-              "截至期号：2003018   下期期号：2003019 开奖号码：04,09,14,20,26,31");
-    EXPECT_EQ(result.resultCaption, "截至：2003018期,<=1的公式筛选结果,共2条数据");
-    EXPECT_THAT(Row(result.grid, 0),
-                ElementsAre("公式编号", "出现次数", "出现概率", "最大连出", "最大遗漏", "当前连出",
-                            "当前遗漏", "遗漏超出", "该公式的号码", "03019期命中"));
-    // The hits are counted anew, against the draw after the issue asked for now.
-    EXPECT_THAT(Row(result.grid, 1), ElementsAre("Q1B2", "5", "55.56", "2", "5", "0", "5", "0",
-                                                 "03,08,13,18,23,31", "1"));
-}
-
 TEST_F(Filters, NeedStatistics) {
     EXPECT_FALSE(FilterForWorkbench(session, {}, "2003018", kGapFilter, "1", result));
     EXPECT_FALSE(FilterForOmissionScreen(session, {}, "2003018", "<=1", kGapFilter, 1, result));
     EXPECT_FALSE(FilterForWorkbench(session, statistics, "x", kGapFilter, "1", result));
     EXPECT_THAT(database.host().Texts(),
                 ElementsAre("没有统计数据！", "没有数据！", "期号填写错误！"));
-}
-
-TEST_F(Filters, CountTheNumbersNamed) {
-    // Q1B1 and Q9B1 and an empty row: 00,01,02,03,04,13 of 2003018 wraps to 33 in front, the ninth
-    // draw back is 01,02,03,04,05,06.
-    ASSERT_TRUE(FilterForWorkbench(session, statistics, "2003018", kRunFilter, "4", result));
-    result.grid.AddRow();
-    NumberCountResult count;
-    ASSERT_TRUE(CountNumbers(session, result.grid, "2003018", count));
-    EXPECT_EQ(count.issueCaption, "截至期号：2003018");
-    const ResultGrid& grid = count.grid;
-    EXPECT_EQ(grid.rows(), 3);
-    EXPECT_EQ(grid.cols(), 35);
-    EXPECT_EQ(grid.cell(1, 0) + ";" + grid.cell(1, 1) + ";" + grid.cell(2, 1),
-              "2003019;04,09,14,20,26,31;次数");
-    const std::vector<std::pair<std::string, std::string>> leading = {
-        {"01", "2"}, {"02", "2"}, {"03", "2"}, {"04", "2"}, {"33", "2"},
-        {"05", "1"}, {"13", "1"}, {"06", "0"}, {"07", "0"},
-    };
-    for (std::size_t i = 0; i < leading.size(); ++i) {
-        const int col = static_cast<int>(i) + 2;
-        EXPECT_EQ(std::pair(grid.cell(1, col), grid.cell(2, col)), leading[i]);
-    }
-    EXPECT_EQ(grid.style(1, 5).back, (Rgb{0xD7, 0x85, 0x6E}));  // 04
-    EXPECT_EQ(grid.style(1, 6).back, std::nullopt);             // 33
-    EXPECT_EQ(database.Run("select count(*) from hsort").Int(0), 33);
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 
 #include <vector>
 
-#include "support/LiteralStatistics.h"
 #include "workbench/WorkbenchData.h"
 
 namespace ssq {
@@ -89,19 +88,6 @@ TEST_F(Statistics, ListsTheFormulasThatHit) {
     EXPECT_EQ(percents.back(), "2.31");
 }
 
-TEST_F(Statistics, ShiftsNothingWhereTheDrawsRunOut) {
-    AddTwentyDraws(database);
-    FillEdgeTable(database, 1);
-    database.Run("delete from cphm where kjqh<2003019");
-    ASSERT_TRUE(Run({"<=", 1}, "2003020"));
-    EXPECT_EQ(result.grid.cell(26, kKeyColumn), "Q2B13");
-    EXPECT_EQ(result.grid.cell(26, kNumbersColumn), "24,29,01,07,13,18");
-    EXPECT_EQ(result.grid.cell(27, kKeyColumn), "Q3B1");
-    EXPECT_EQ(result.grid.cell(27, kNumbersColumn), "");
-    EXPECT_EQ(percents.back(), "100");
-    EXPECT_THAT(database.host().Texts(), IsEmpty());
-}
-
 TEST_F(Statistics, RefusesWhatItCannotCount) {
     AddTwentyDraws(database);
     EXPECT_TRUE(PrepareFormulaStatistics(session));
@@ -114,30 +100,6 @@ TEST_F(Statistics, RefusesWhatItCannotCount) {
     EXPECT_FALSE(PrepareFormulaStatistics(session));
     EXPECT_THAT(database.host().Texts(),
                 ElementsAre("期号填写错误！", "数据不足！", "汇总数据出错！", "数据库错误！"));
-}
-
-void CompareWithOneQueryPerFormula(TestDatabase& database, const FormulaCondition& condition,
-                                   const std::string& end) {
-    Session& session = database.session();
-    FormulaStatisticsResult result;
-    const auto ignore = [](const std::string&) {};
-    ASSERT_TRUE(FormulaStatistics(session, condition, end, ignore, result));
-    const Recordset next =
-        database.Run("select top 1 kjhm from cphm where kjqh>" + end + " order by kjqh asc");
-    const auto listed = LiteralStatistics(
-        session, condition.comparison + std::to_string(condition.reds), end, next.Text(0));
-    ASSERT_GT(listed.size(), 100U);
-    for (std::size_t i = 0; i < listed.size(); ++i) {
-        EXPECT_EQ(Row(result.grid, static_cast<int>(i) + 1), listed[i]) << end;
-    }
-    EXPECT_EQ(result.grid.cell(static_cast<int>(listed.size()) + 1, 0), "");
-}
-
-TEST(StatisticsOfTheHistory, AgreeWithOneQueryPerFormula) {
-    TestDatabase database = TestDatabase::Delivered();
-    ASSERT_TRUE(PrepareFormulaStatistics(database.session()));
-    CompareWithOneQueryPerFormula(database, {"<=", 1}, database.session().LatestIssue);
-    CompareWithOneQueryPerFormula(database, {">", 3}, "2015100");
 }
 
 }  // namespace

@@ -113,20 +113,6 @@ TEST_F(GridViewTest, DragsSelectARectangle) {
     }
 }
 
-TEST_F(GridViewTest, ADragBeyondTheEdgeScrollsUntilItEnds) {
-    QTest::mousePress(view_.viewport(), Qt::LeftButton, {}, Centre(5, 5));
-    MoveTo(view_.viewport()->rect().bottomRight() + QPoint(30, 30));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return Selection()[2] > 30 && Selection()[3] > 15; }));
-    MoveTo(QPoint(90, 10));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return Selection()[2] == 2; }));
-    MoveTo(QPoint(90, 400));
-    QTest::mouseRelease(view_.viewport(), Qt::LeftButton, {}, QPoint(90, 400));
-    const int scroll = view_.verticalScrollBar()->value();
-    QTest::qWait(100);
-    EXPECT_EQ(view_.verticalScrollBar()->value(), scroll);
-    EXPECT_EQ(Selection()[0], 5);
-}
-
 TEST_F(GridViewTest, KeysMoveExtendAndCopyTheSelection) {
     view_.Edit([](ResultGrid& grid) { grid.SetHidden(6, true); });
     const int page = view_.viewport()->height() / 20 - 2;
@@ -240,19 +226,6 @@ TEST_F(GridViewTest, PaintsMergedCellsAsOne) {
     view_.horizontalScrollBar()->setValue(100);
     EXPECT_EQ(Ground(0, 5), kRed);
     EXPECT_NE(Ground(0, 6), kRed);
-}
-
-TEST_F(GridViewTest, ColumnsWithoutWidthsFitTheirTexts) {
-    ResultGrid grid(3, 4, 1, 0);
-    grid.SetCell(0, 0, "01");
-    grid.SetCell(2, 1, "01,02,03,04,05,06");
-    grid.SetEvenCols(1, 2);
-    view_.SetGrid(std::move(grid));
-    EXPECT_LT(CellRect(0, 0).width(), 40);
-    EXPECT_GT(CellRect(0, 1).width(),
-              view_.fontMetrics().horizontalAdvance(QStringLiteral("01,02,03,04,05,06")));
-    EXPECT_EQ(CellRect(0, 2).width(), CellRect(0, 1).width());
-    EXPECT_NE(CellRect(0, 3).width(), CellRect(0, 1).width());
 }
 
 TEST_F(GridViewTest, AssistiveTechnologySeesATable) {
