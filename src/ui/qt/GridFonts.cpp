@@ -1,6 +1,8 @@
 #include "ui/qt/GridFonts.h"
 
+#include <QHashFunctions>
 #include <algorithm>
+#include <functional>
 
 #include "app/text.h"
 
@@ -20,20 +22,49 @@ const GridFonts::Face& GridFonts::For(const CellStyle& style) {
     return Scaled(style, 100);
 }
 
-const GridFonts::Face& GridFonts::Fitting(const CellStyle& style, const QString& text, int width,
-                                          int height) {
+const GridFonts::Face& GridFonts::Fitting(const CellStyle& style, const QString& text,
+                                          const QSize& room) {
     constexpr int kSmallestPercent = 75;
     constexpr int kStep = 5;  // keeps the number of faces small
     const Face& face = For(style);
     int percent = 100;
     const int textWidth = face.metrics.horizontalAdvance(text);
-    if (textWidth > width) percent = 100 * width / textWidth;
+    if (textWidth > room.width()) percent = 100 * room.width() / textWidth;
     if (style.fontSize > 0) {
         const int inkHeight = face.metrics.tightBoundingRect(text).height();
-        if (inkHeight > height) percent = std::min(percent, 100 * height / inkHeight);
+        if (inkHeight > room.height()) percent = std::min(percent, 100 * room.height() / inkHeight);
     }
     if (percent >= 100) return face;
     return Scaled(style, std::max(percent / kStep * kStep, kSmallestPercent));
+}
+
+GridFonts::Line GridFonts::MakeLine(const CellStyle& style, const std::string& text,
+                                    const QSize& room) {
+    const QString whole = CellText(text);
+    const Face& face = Fitting(style, whole, room);
+    Line line{&face, whole, face.metrics.horizontalAdvance(whole), {}, false};
+    line.clipped = line.width > room.width();
+    if (line.clipped) {
+        line.text = face.metrics.elidedText(whole, Qt::ElideRight, room.width());
+        line.width = face.metrics.horizontalAdvance(line.text);
+    }
+    line.ink = face.metrics.tightBoundingRect(line.text);
+    return line;
+}
+
+const GridFonts::Line& GridFonts::Lay(const CellStyle& style, const std::string& text,
+                                      const QSize& room) {
+    constexpr std::size_t kMostLines = 8192;  // a few screens of different texts, some 2 MB
+    LineKey key{&For(style), room.width(), room.height(), text};
+    const auto found = lines_.find(key);
+    if (found != lines_.end()) return found->second;
+    if (lines_.size() >= kMostLines) lines_.clear();
+    return lines_.emplace(std::move(key), MakeLine(style, text, room)).first->second;
+}
+
+std::size_t GridFonts::LineHash::operator()(const LineKey& key) const {
+    const std::size_t text = std::hash<std::string>()(key.text);
+    return qHashMulti(text, key.face, key.width, key.height);
 }
 
 const GridFonts::Face& GridFonts::Scaled(const CellStyle& style, int percent) {

@@ -3,10 +3,13 @@
 
 #include <QFont>
 #include <QFontMetrics>
+#include <QRect>
+#include <QSize>
 #include <QString>
 #include <map>
 #include <string>
 #include <tuple>
+#include <unordered_map>
 
 #include "ui/GridGeometry.h"
 #include "ui/ResultGrid.h"
@@ -28,17 +31,42 @@ class GridFonts {
 
     const Face& For(const CellStyle& style);
 
-    // The same in the size that lets the text fit into `width` by `height` pixels, but not below
-    // three quarters of its own.
-    const Face& Fitting(const CellStyle& style, const QString& text, int width, int height);
+    // A text as it stands in a cell.
+    struct Line {
+        const Face* face;  // valid as long as the fonts
+        QString text;      // cut short, with an ellipsis, when it is clipped
+        int width;         // pixels
+        QRect ink;         // around the origin of the base line
+        bool clipped;
+    };
+
+    // Lays a text out for `room`, in the size that lets it fit but not below three quarters of its
+    // own. The line is kept, since grids repeat their texts and measuring one costs several times
+    // as much as finding it again; valid until the next call.
+    const Line& Lay(const CellStyle& style, const std::string& text, const QSize& room);
 
   private:
     using Key = std::tuple<std::string, int, bool, int>;
 
+    struct LineKey {
+        const Face* face;
+        int width;
+        int height;
+        std::string text;
+
+        bool operator==(const LineKey&) const = default;
+    };
+    struct LineHash {
+        std::size_t operator()(const LineKey& key) const;
+    };
+
     const Face& Scaled(const CellStyle& style, int percent);
+    const Face& Fitting(const CellStyle& style, const QString& text, const QSize& room);
+    Line MakeLine(const CellStyle& style, const std::string& text, const QSize& room);
 
     QFont base_;
     std::map<Key, Face> faces_;
+    std::unordered_map<LineKey, Line, LineHash> lines_;
 };
 
 // A cell's text on one line.

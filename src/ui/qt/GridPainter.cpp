@@ -59,12 +59,12 @@ QRect Room(const QRect& cell) {
 }
 
 // Texts stand on one line along a row; a large one is centred by its own ink instead.
-int Baseline(const CellStyle& style, const GridFonts::Face& face, const QString& text,
-             const QRect& room) {
-    if (style.fontSize > 0 && face.metrics.height() > room.height()) {
-        return room.center().y() - face.metrics.tightBoundingRect(text).center().y();
+int Baseline(const CellStyle& style, const GridFonts::Line& line, const QRect& room) {
+    const QFontMetrics& metrics = line.face->metrics;
+    if (style.fontSize > 0 && metrics.height() > room.height()) {
+        return room.center().y() - line.ink.center().y();
     }
-    return room.top() + (room.height() - face.metrics.height() + 1) / 2 + face.metrics.ascent();
+    return room.top() + (room.height() - metrics.height() + 1) / 2 + metrics.ascent();
 }
 
 }  // namespace
@@ -142,26 +142,19 @@ void GridPainter::PaintTexts(const Pane& pane) {
 
 void GridPainter::PaintText(int row, int col, const QRect& rect) {
     const CellStyle& style = scene_.grid.style(row, col);
-    QString text = CellText(scene_.grid.cell(row, col));
     const QRect room = Room(rect);
-    const GridFonts::Face& face = fonts_.Fitting(style, text, room.width(), room.height());
-    int width = face.metrics.horizontalAdvance(text);
-    const bool cut = width > room.width();
-    if (cut) {
-        text = face.metrics.elidedText(text, Qt::ElideRight, room.width());
-        width = face.metrics.horizontalAdvance(text);
-    }
+    const GridFonts::Line& line = fonts_.Lay(style, scene_.grid.cell(row, col), room.size());
     const Qt::Alignment alignment =
-        cut ? Qt::AlignLeft : HorizontalAlignment(scene_.grid, row, col);
-    const int padding = std::clamp(room.width() - width, 0, kCellPadding - kTightPadding);
+        line.clipped ? Qt::AlignLeft : HorizontalAlignment(scene_.grid, row, col);
+    const int padding = std::clamp(room.width() - line.width, 0, kCellPadding - kTightPadding);
     int x = room.left() + padding;
-    if (alignment == Qt::AlignHCenter) x = room.left() + (room.width() - width) / 2;
-    if (alignment == Qt::AlignRight) x = room.right() + 1 - width - padding;
+    if (alignment == Qt::AlignHCenter) x = room.left() + (room.width() - line.width) / 2;
+    if (alignment == Qt::AlignRight) x = room.right() + 1 - line.width - padding;
 
-    if (style.mark) PaintMark(rect, width, Colour(*style.mark));
+    if (style.mark) PaintMark(rect, line.width, Colour(*style.mark));
     painter_.setPen(Ink(row, col));
-    painter_.setFont(face.font);
-    painter_.drawText(QPoint(x, Baseline(style, face, text, room)), text);
+    painter_.setFont(line.face->font);
+    painter_.drawText(QPoint(x, Baseline(style, line, room)), line.text);
 }
 
 QColor GridPainter::Ink(int row, int col) const {
@@ -249,10 +242,8 @@ void GridPainter::PaintSelection(const QRect& area) {
 }
 
 bool TextIsClipped(const ResultGrid& grid, int row, int col, const QSize& size, GridFonts& fonts) {
-    const QString text = CellText(grid.cell(row, col));
-    const QRect room = Room({{0, 0}, size});
-    const auto& face = fonts.Fitting(grid.style(row, col), text, room.width(), room.height());
-    return face.metrics.horizontalAdvance(text) > room.width();
+    return fonts.Lay(grid.style(row, col), grid.cell(row, col), Room({{0, 0}, size}).size())
+        .clipped;
 }
 
 }  // namespace ssq

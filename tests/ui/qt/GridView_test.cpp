@@ -245,14 +245,17 @@ TEST_F(GridViewTest, AssistiveTechnologySeesATable) {
 TEST(GridFonts, TextsShrinkALittleBeforeTheyAreCut) {
     GridFonts fonts{QFont()};
     const CellStyle style;
-    const QString text = QStringLiteral("2013001");
-    const int full = fonts.For(style).metrics.horizontalAdvance(text);
-    const auto width = [&](int room) {
-        return fonts.Fitting(style, text, room, 20).metrics.horizontalAdvance(text);
-    };
-    EXPECT_EQ(width(full), full);
-    EXPECT_LE(width(full - full / 8), full - full / 8);
-    EXPECT_GT(width(full / 2), full / 2);
+    const std::string text = "2013001";
+    const int full = fonts.For(style).metrics.horizontalAdvance(CellText(text));
+    const auto lay = [&](int room) { return fonts.Lay(style, text, QSize(room, 20)); };
+    EXPECT_EQ(lay(full).width, full);
+    const auto shrunk = lay(full - full / 8);
+    EXPECT_LE(shrunk.width, full - full / 8);
+    EXPECT_FALSE(shrunk.clipped);
+    const auto cut = lay(full / 2);
+    EXPECT_TRUE(cut.clipped);
+    EXPECT_LE(cut.width, full / 2);
+    EXPECT_EQ(cut.text.back(), QChar(0x2026));
 }
 
 }  // namespace
