@@ -3,11 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <numeric>
-
 #include "app/Public_var.h"
 #include "app/text.h"
-#include "banker/PositionRates.h"
 #include "support/TestDatabase.h"
 
 namespace ssq {
@@ -50,33 +47,6 @@ TEST(FormulaHitRate, CountsOneRoundMoreThanItsDivisor) {
     };
     for (const RateCase& c : cases) {
         EXPECT_EQ(FormulaHitRate(host, kDraws, c.formula, c.xxqs), c.rate) << c.formula;
-    }
-}
-
-TEST(PositionRates, AgreeWithTheRuleOnTexts) {
-    TestDatabase database = TestDatabase::Delivered();
-    Recordset rows;
-    ASSERT_TRUE(QueryOrTell(database.session(),
-                            "select top 60 * from cphm where kjqh<=2015100 order by kjqh desc",
-                            rows));
-    std::vector<std::string> texts;
-    std::vector<DrawBalls> balls;
-    for (; !rows.eof(); rows.MoveNext()) {
-        texts.push_back(rows.Text("kjhm"));
-        DrawBalls& draw = balls.emplace_back();
-        for (std::size_t i = 0; i < draw.size(); ++i) {
-            draw[i] = static_cast<int>(rows.Int("a" + std::to_string(i + 1)));
-        }
-    }
-    std::vector<int> positions(kPositions);
-    std::iota(positions.begin(), positions.end(), 0);
-    for (const int xxqs : {5, 32, 55}) {
-        const PositionRates rates(balls, xxqs);
-        rates.ForEachFormula(positions, 2, [&](std::span<const int> formula, double rate) {
-            const std::string text = std::to_string(formula[0]) + "," + std::to_string(formula[1]);
-            EXPECT_EQ(rate, FormulaHitRate(database.host(), texts, text, xxqs)) << text;
-            return true;
-        });
     }
 }
 
