@@ -5,10 +5,12 @@
 #include <vector>
 
 #include "Ratio.h"
-#include "app/Public_var.h"
-#include "app/text.h"
 #include "banker/PositionRates.h"
 #include "banker/fenXi.h"
+#include "base/combinations.h"
+#include "base/text.h"
+#include "draws/Public_var.h"
+#include "draws/queries.h"
 #include "support/TestDatabase.h"
 
 namespace {

@@ -4,9 +4,10 @@
 #include <vector>
 
 #include "Ratio.h"
-#include "app/Public_var.h"
-#include "app/text.h"
-#include "kill/BMHZ.h"
+#include "base/text.h"
+#include "draws/Public_var.h"
+#include "draws/queries.h"
+#include "formulas/BMHZ.h"
 #include "store/WriteBatch.h"
 #include "support/TestDatabase.h"
 
@@ -42,7 +43,7 @@ void AddRowByTexts(Session& session, const std::string& issue, const std::string
 
 void FillByTexts(Session& session) {
     ssq::CreateEdgeTable(session);
-    const ssq::WriteBatch batch(session);
+    const ssq::WriteBatch batch(session.host, session.connection);
     Recordset draws =
         Query(session, "Select kjqh,kjhm from cphm where kjqh>2003011 order by kjqh asc");
     for (; !draws.eof(); draws.MoveNext()) {

@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "Ratio.h"
-#include "app/Public_var.h"
-#include "app/numbers.h"
-#include "app/text.h"
-#include "kill/BMHZ.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "draws/Public_var.h"
+#include "formulas/BMHZ.h"
 #include "support/TestDatabase.h"
 #include "workbench/FormulaStatistics.h"
 

@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "Ratio.h"
-#include "app/RedSet.h"
-#include "app/numbers.h"
-#include "kill/BMHZ.h"
+#include "base/RedSet.h"
+#include "base/numbers.h"
+#include "formulas/BMHZ.h"
 #include "kill/KillSearch.h"
 
 namespace {

@@ -5,11 +5,11 @@
 #include <vector>
 
 #include "Ratio.h"
-#include "app/Public_var.h"
-#include "app/numbers.h"
-#include "app/text.h"
+#include "base/numbers.h"
+#include "base/text.h"
 #include "charts/MainTrendChart.h"
 #include "charts/TrendCounters.h"
+#include "draws/Public_var.h"
 #include "support/TestDatabase.h"
 
 namespace {

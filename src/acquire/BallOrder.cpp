@@ -5,8 +5,9 @@
 #include <vector>
 
 #include "acquire/getWWW.h"
-#include "app/Public_var.h"
-#include "app/text.h"
+#include "base/text.h"
+#include "draws/Public_var.h"
+#include "draws/queries.h"
 #include "ui/Host.h"
 
 namespace ssq {

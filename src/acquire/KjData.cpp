@@ -2,14 +2,15 @@
 
 #include <optional>
 
-#include "acquire/ConvertYlDate.h"
 #include "acquire/getWWW.h"
-#include "app/Public_var.h"
-#include "app/RedSet.h"
-#include "app/dates.h"
-#include "app/numbers.h"
-#include "app/public_fun.h"
-#include "app/text.h"
+#include "base/ConvertYlDate.h"
+#include "base/RedSet.h"
+#include "base/dates.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "draws/Public_var.h"
+#include "draws/public_fun.h"
+#include "draws/queries.h"
 #include "store/WriteBatch.h"
 #include "ui/Host.h"
 
@@ -180,7 +181,7 @@ void InsertDraws(Session& session, const Harvest& harvest) {
     if (!QueryOrTell(session, "Select Max(qid) from cphm", rows)) return;
     std::int64_t qid = rows.Int(0);
     {
-        const WriteBatch batch(session);
+        const WriteBatch batch(session.host, session.connection);
         for (std::size_t i = harvest.NewIssues.size(); i-- > 0;) {
             if (!ExecuteOrTell(session, InsertStatement(harvest, i, ++qid))) return;
         }

@@ -5,10 +5,11 @@
 #include <vector>
 
 #include "acquire/getWWW.h"
-#include "app/Public_var.h"
-#include "app/RedSet.h"
-#include "app/numbers.h"
-#include "app/text.h"
+#include "base/RedSet.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "draws/Public_var.h"
+#include "draws/queries.h"
 #include "store/WriteBatch.h"
 #include "ui/Host.h"
 
@@ -193,7 +194,7 @@ void UpdateSales(Session& session) {
                           "/pages/info/ssq/inc/red_fsfx_inc.php?expect=" + std::to_string(want));
     const std::string table = CutBetween(session.host, kRowMark, "</table>", page);
     {
-        const WriteBatch batch(session);
+        const WriteBatch batch(session.host, session.connection);
         for (const std::string& rowText : Split(table, kRowMark)) {
             if (!session.host.Yield()) return;
             if (!StoreRow(session, rowText, maxIssue, nextIssue)) return;

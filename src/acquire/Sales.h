@@ -1,7 +1,7 @@
 // Online sales: the red numbers of each issue by how much they were bought.
 #pragma once
 
-#include "app/public_fun.h"
+#include "draws/public_fun.h"
 #include "ui/ResultGrid.h"
 
 namespace ssq {

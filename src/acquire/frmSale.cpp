@@ -5,7 +5,7 @@
 #include <QPushButton>
 
 #include "acquire/Sales.h"
-#include "app/Public_var.h"
+#include "draws/Public_var.h"
 #include "ui/Host.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"

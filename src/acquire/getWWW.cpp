@@ -8,8 +8,8 @@
 #include <cstdint>
 #include <memory>
 
-#include "app/Regex.h"
-#include "app/text.h"
+#include "base/Regex.h"
+#include "base/text.h"
 #include "ui/Host.h"
 
 namespace ssq {

@@ -1,12 +1,20 @@
 #include "app/MDL_UPDATE.h"
 
+#include <filesystem>
+
+#include "draws/Public_var.h"
+#include "ui/qt/Desktop.h"
+#include "ui/qt/PanelContext.h"
+
 namespace ssq {
 
-std::optional<UpdaterCall> UpdaterCallFor(const std::filesystem::path& programFolder, bool manual) {
-    const std::filesystem::path file = programFolder / "Update.exe";
+void LaunchUpdater(const Session& session, Desktop& desktop, bool manual) {
+    const std::filesystem::path file = session.programFolder / "Update.exe";
     std::error_code unreadable;
-    if (!std::filesystem::exists(file, unreadable)) return std::nullopt;
-    return UpdaterCall{file, manual ? "/SilentCheck2 /NoIcon " : "/SilentCheck  /NoIcon"};
+    if (!std::filesystem::is_regular_file(file, unreadable)) return;
+    // The arguments go out exactly so, blanks included.
+    desktop.StartProgram(Qs(file.string()), manual ? QStringLiteral("/SilentCheck2 /NoIcon ")
+                                                   : QStringLiteral("/SilentCheck  /NoIcon"));
 }
 
 }  // namespace ssq

@@ -1,8 +1,9 @@
 #include "app/Program.h"
 
+#include "app/MDL_UPDATE.h"
 #include "app/frmMain.h"
-#include "app/public_fun.h"
-#include "ui/qt/Updater.h"
+#include "draws/public_fun.h"
+#include "draws/queries.h"
 
 namespace ssq {
 

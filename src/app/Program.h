@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <memory>
 
-#include "app/Public_var.h"
+#include "draws/Public_var.h"
 #include "ui/qt/QtHost.h"
 
 class QWidget;

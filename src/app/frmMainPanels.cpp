@@ -3,11 +3,11 @@
 #include <QDialog>
 
 #include "acquire/frmSale.h"
-#include "app/frmHistory.h"
 #include "app/frmMainPopups.h"
 #include "banker/frmXUEXI.h"
 #include "banker/frmxxjl.h"
 #include "charts/frmZST.h"
+#include "history/frmHistory.h"
 #include "kill/frmSHAMA.h"
 #include "workbench/frmShaHao.h"
 

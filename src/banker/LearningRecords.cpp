@@ -1,6 +1,7 @@
 #include "banker/LearningRecords.h"
 
-#include "app/Public_var.h"
+#include "draws/Public_var.h"
+#include "draws/queries.h"
 #include "ui/Host.h"
 
 namespace ssq {

@@ -2,9 +2,10 @@
 
 #include <string>
 
-#include "app/Public_var.h"
-#include "app/numbers.h"
-#include "app/text.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "draws/Public_var.h"
+#include "draws/queries.h"
 #include "ui/Host.h"
 
 namespace ssq {

@@ -2,8 +2,8 @@
 
 #include <bit>
 
-#include "app/RedSet.h"
-#include "app/numbers.h"
+#include "base/RedSet.h"
+#include "base/numbers.h"
 
 namespace ssq {
 

@@ -4,10 +4,11 @@
 #include <cstdint>
 #include <vector>
 
-#include "app/Public_var.h"
-#include "app/numbers.h"
-#include "app/text.h"
 #include "banker/PositionRates.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "draws/Public_var.h"
+#include "draws/queries.h"
 #include "ui/Host.h"
 
 namespace ssq {

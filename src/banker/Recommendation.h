@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "app/public_fun.h"
+#include "draws/public_fun.h"
 #include "ui/ResultGrid.h"
 
 namespace ssq {

@@ -4,12 +4,14 @@
 #include <array>
 #include <ctime>
 
-#include "app/Public_var.h"
-#include "app/dates.h"
-#include "app/numbers.h"
-#include "app/public_fun.h"
-#include "app/text.h"
 #include "banker/PositionRates.h"
+#include "base/combinations.h"
+#include "base/dates.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "draws/Public_var.h"
+#include "draws/public_fun.h"
+#include "draws/queries.h"
 #include "store/WriteBatch.h"
 #include "ui/Host.h"
 
@@ -28,33 +30,6 @@ constexpr std::array<int, 23> kCandidates = {0,  1,  2,  3,  4,  5,  6,  7,  8, 
 
 // Percent that a formula must reach, by its number of bankers from 1 to 5.
 constexpr std::array<double, 5> kThresholds = {30, 40, 50, 70, 80};
-
-std::vector<std::string> Candidates(std::string_view text, bool plainNumbers) {
-    std::vector<std::string> items;
-    for (const std::string& item : Split(text, ",")) {
-        if (item.empty()) continue;
-        items.push_back(plainNumbers ? std::to_string(WholePart(item)) : item);
-    }
-    return items;
-}
-
-void Combine(const std::vector<std::string>& items, std::size_t from, int left,
-             const std::string& prefix, std::vector<std::string>& combinations) {
-    for (std::size_t i = from; i + static_cast<std::size_t>(left) <= items.size(); ++i) {
-        if (left == 1) {
-            combinations.push_back(prefix + items[i]);
-        } else {
-            Combine(items, i + 1, left - 1, prefix + items[i] + ",", combinations);
-        }
-    }
-}
-
-std::vector<std::string> Combinations(const std::vector<std::string>& items, int size) {
-    std::vector<std::string> combinations;
-    Combine(items, 0, size, {}, combinations);
-    combinations.emplace_back();
-    return combinations;
-}
 
 bool IsRoundHit(const std::vector<std::string>& hm, std::size_t round,
                 const std::vector<std::string>& positions) {
@@ -112,7 +87,7 @@ bool StoreGoodFormulas(Session& session, const PositionRates& rates, int dmgs,
     const double threshold = kThresholds[static_cast<std::size_t>(dmgs - 1)];
     const double total = CombinationCount(kCandidates.size(), dmgs);
     double index = 0;
-    WriteBatch batch(session);
+    WriteBatch batch(session.host, session.connection);
     return rates.ForEachFormula(kCandidates, dmgs, [&](std::span<const int> formula, double rate) {
         if (!session.host.Yield()) return false;
         if (!progress(NumberText(Percent(index, total)))) return false;
@@ -124,26 +99,6 @@ bool StoreGoodFormulas(Session& session, const PositionRates& rates, int dmgs,
 }
 
 }  // namespace
-
-std::vector<std::string> ComboList1(std::string_view candidates) {
-    return Combinations(Candidates(candidates, true), 1);
-}
-
-std::vector<std::string> ComboList2(std::string_view candidates) {
-    return Combinations(Candidates(candidates, false), 2);
-}
-
-std::vector<std::string> ComboList3(std::string_view candidates) {
-    return Combinations(Candidates(candidates, true), 3);
-}
-
-std::vector<std::string> ComboList4(std::string_view candidates) {
-    return Combinations(Candidates(candidates, true), 4);
-}
-
-std::vector<std::string> ComboList5(std::string_view candidates) {
-    return Combinations(Candidates(candidates, true), 5);
-}
 
 double FormulaHitRate(Host& host, const std::vector<std::string>& hm, std::string_view formula,
                       int xxqs) {

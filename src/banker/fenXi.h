@@ -11,15 +11,6 @@ namespace ssq {
 class Host;
 struct Session;
 
-// All combinations of that many items of a comma text, each as comma text, in dictionary order of
-// the item indexes; empty items are dropped. ComboList2 keeps the items' texts, the others write
-// them as plain numbers (01 returns as 1). One empty element follows the last combination.
-std::vector<std::string> ComboList1(std::string_view candidates);
-std::vector<std::string> ComboList2(std::string_view candidates);
-std::vector<std::string> ComboList3(std::string_view candidates);
-std::vector<std::string> ComboList4(std::string_view candidates);
-std::vector<std::string> ComboList5(std::string_view candidates);
-
 // The share of rounds in percent, two decimals, in which at least one ball at the formula's
 // positions came out. `hm` holds draw texts, newest first, four more than the rounds need;
 // xxqs + 1 rounds are counted over a divisor of xxqs, so a rate can exceed 100. Positions count

@@ -5,9 +5,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "app/Public_var.h"
-#include "app/public_fun.h"
 #include "banker/LearningSettings.h"
+#include "draws/Public_var.h"
+#include "draws/public_fun.h"
 #include "ui/qt/form.h"
 
 namespace ssq {

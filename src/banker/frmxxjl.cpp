@@ -2,7 +2,7 @@
 
 #include <QBoxLayout>
 
-#include "app/Public_var.h"
+#include "draws/Public_var.h"
 #include "ui/Host.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/form.h"

@@ -4,13 +4,14 @@
 #include <cstdint>
 #include <vector>
 
-#include "acquire/ConvertYlDate.h"
-#include "app/Public_var.h"
-#include "app/RedSet.h"
-#include "app/dates.h"
-#include "app/numbers.h"
-#include "app/text.h"
+#include "base/ConvertYlDate.h"
+#include "base/RedSet.h"
+#include "base/dates.h"
+#include "base/numbers.h"
+#include "base/text.h"
 #include "charts/TrendCounters.h"
+#include "draws/Public_var.h"
+#include "draws/queries.h"
 #include "ui/Host.h"
 
 namespace ssq {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/public_fun.h"
+#include "draws/public_fun.h"
 #include "ui/ResultGrid.h"
 
 namespace ssq {

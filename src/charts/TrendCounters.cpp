@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "app/numbers.h"
-#include "app/text.h"
+#include "base/numbers.h"
+#include "base/text.h"
 #include "charts/dapan_fx.h"
 
 namespace ssq {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "app/RedSet.h"
+#include "base/RedSet.h"
 
 namespace ssq {
 

@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <vector>
 
-#include "app/numbers.h"
-#include "app/text.h"
+#include "base/numbers.h"
+#include "base/text.h"
 
 namespace ssq {
 

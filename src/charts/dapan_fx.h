@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/RedSet.h"
+#include "base/RedSet.h"
 
 namespace ssq {
 

@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <optional>
 
-#include "app/Public_var.h"
-#include "app/numbers.h"
-#include "app/text.h"
-#include "kill/BMHZ.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "draws/Public_var.h"
+#include "draws/queries.h"
+#include "formulas/BMHZ.h"
 #include "kill/KillSearch.h"
 #include "kill/KillSettings.h"
 

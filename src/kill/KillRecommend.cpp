@@ -4,9 +4,10 @@
 #include <optional>
 #include <vector>
 
-#include "app/Public_var.h"
-#include "app/numbers.h"
-#include "app/text.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "draws/Public_var.h"
+#include "draws/queries.h"
 #include "kill/KillSettings.h"
 #include "ui/Host.h"
 

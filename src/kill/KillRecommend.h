@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "app/public_fun.h"
-#include "kill/BMHZ.h"
+#include "draws/public_fun.h"
+#include "formulas/BMHZ.h"
 #include "ui/ResultGrid.h"
 
 namespace ssq {

@@ -2,7 +2,8 @@
 
 #include <array>
 
-#include "app/Public_var.h"
+#include "draws/Public_var.h"
+#include "draws/queries.h"
 #include "kill/KillSearch.h"
 #include "ui/Host.h"
 

@@ -4,8 +4,8 @@
 #include <array>
 #include <bit>
 
-#include "app/numbers.h"
-#include "kill/BMHZ.h"
+#include "base/numbers.h"
+#include "formulas/BMHZ.h"
 
 namespace ssq {
 

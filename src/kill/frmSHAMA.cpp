@@ -5,7 +5,7 @@
 #include <QPushButton>
 #include <QShowEvent>
 
-#include "app/Public_var.h"
+#include "draws/Public_var.h"
 #include "kill/KillLearning.h"
 #include "kill/KillRecommend.h"
 #include "kill/KillSettings.h"

@@ -7,7 +7,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "app/numbers.h"
+#include "base/numbers.h"
+#include "ui/qt/MDLcolse.h"
 #include "ui/qt/form.h"
 
 namespace ssq {

@@ -3,7 +3,7 @@
 #include <QBoxLayout>
 #include <QGroupBox>
 
-#include "app/numbers.h"
+#include "base/numbers.h"
 #include "kill/KillRecords.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/form.h"

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "app/text.h"
+#include "base/text.h"
 
 namespace ssq {
 

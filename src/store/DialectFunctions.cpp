@@ -3,9 +3,9 @@
 #include <cmath>
 #include <string>
 
-#include "app/dates.h"
-#include "app/numbers.h"
-#include "app/text.h"
+#include "base/dates.h"
+#include "base/numbers.h"
+#include "base/text.h"
 #include "store/Dialect.h"
 
 namespace ssq {

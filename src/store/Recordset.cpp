@@ -1,7 +1,7 @@
 #include "store/Recordset.h"
 
-#include "app/numbers.h"
-#include "app/text.h"
+#include "base/numbers.h"
+#include "base/text.h"
 
 namespace ssq {
 

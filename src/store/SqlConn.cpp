@@ -5,10 +5,8 @@
 #include <optional>
 #include <vector>
 
-#include "app/Public_var.h"
-#include "app/text.h"
+#include "base/text.h"
 #include "store/Dialect.h"
-#include "ui/Host.h"
 
 namespace ssq {
 
@@ -166,33 +164,6 @@ bool Connection::OpenQuery(const std::string& sql, std::string& errorText, Recor
         return false;
     }
     return true;
-}
-
-void OpenDatabase(Session& session) {
-    std::string errorText;
-    if (!session.connection.Open(session.programFolder / "data" / "ssq.mdb", errorText)) {
-        session.host.ShowMessage(errorText);
-    }
-}
-
-bool QueryOrTell(Session& session, const std::string& sql, Recordset& recordset) {
-    std::string errorText;
-    if (session.connection.OpenQuery(sql, errorText, recordset)) return true;
-    session.host.ShowMessage(errorText);
-    return false;
-}
-
-bool ExecuteOrTell(Session& session, const std::string& sql) {
-    Recordset nothing;
-    return QueryOrTell(session, sql, nothing);
-}
-
-bool TableExists(Session& session, const std::string& name) {
-    std::string errorText;
-    Recordset count;
-    if (session.connection.OpenQuery("Select count(*) from " + name, errorText, count)) return true;
-    if (!Contains(errorText, name)) session.host.ShowMessage(errorText);
-    return false;
 }
 
 }  // namespace ssq

@@ -11,9 +11,6 @@ struct sqlite3;
 
 namespace ssq {
 
-class Host;
-struct Session;
-
 class Connection {
   public:
     Connection();
@@ -48,19 +45,5 @@ class Connection {
     std::unique_ptr<sqlite3, Closer> database_;
     std::string closedText_;
 };
-
-// Opens data/ssq.mdb in the program's folder; shows the store's text when that fails, and the
-// program goes on.
-void OpenDatabase(Session& session);
-
-// OpenQuery that tells the user: false after showing the error text with ShowMessage.
-bool QueryOrTell(Session& session, const std::string& sql, Recordset& recordset);
-
-// The same for a statement whose rows are not wanted.
-bool ExecuteOrTell(Session& session, const std::string& sql);
-
-// Whether `Select count(*)` from the table succeeds. On failure the error text is shown only when
-// it does not name the table.
-bool TableExists(Session& session, const std::string& name);
 
 }  // namespace ssq

@@ -1,19 +1,19 @@
 #include "store/WriteBatch.h"
 
-#include "app/Public_var.h"
+#include "store/SqlConn.h"
 
 namespace ssq {
 
-WriteBatch::WriteBatch(Session& session)
-    : session_(session), isInner_(session.connection.InTransaction()) {
-    session_.host.AddPumpListener(this);
+WriteBatch::WriteBatch(Host& host, Connection& connection)
+    : host_(host), connection_(connection), isInner_(connection.InTransaction()) {
+    host_.AddPumpListener(this);
     Begin();
 }
 
 WriteBatch::~WriteBatch() {
     if (!isInner_) Commit();
-    session_.host.RemovePumpListener(this);
-    if (!commitError_.empty()) session_.host.ShowMessage(commitError_);
+    host_.RemovePumpListener(this);
+    if (!commitError_.empty()) host_.ShowMessage(commitError_);
 }
 
 void WriteBatch::BeforePump() {
@@ -28,19 +28,19 @@ void WriteBatch::Begin() {
     // Where this fails the statements stand alone.
     std::string errorText;
     Recordset nothing;
-    if (!session_.connection.InTransaction()) {
-        session_.connection.OpenQuery("begin", errorText, nothing);
+    if (!connection_.InTransaction()) {
+        connection_.OpenQuery("begin", errorText, nothing);
     }
 }
 
 void WriteBatch::Commit() {
-    if (!session_.connection.InTransaction()) return;
+    if (!connection_.InTransaction()) return;
     std::string errorText;
     Recordset nothing;
-    if (session_.connection.OpenQuery("commit", errorText, nothing)) return;
+    if (connection_.OpenQuery("commit", errorText, nothing)) return;
     commitError_ = errorText;
-    if (session_.connection.InTransaction()) {
-        session_.connection.OpenQuery("rollback", errorText, nothing);
+    if (connection_.InTransaction()) {
+        connection_.OpenQuery("rollback", errorText, nothing);
     }
 }
 

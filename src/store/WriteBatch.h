@@ -7,7 +7,7 @@
 
 namespace ssq {
 
-struct Session;
+class Connection;
 
 // While a WriteBatch lives, the statements of its run share a transaction, which is committed at
 // the batch's end and before each pump of the event loop (a box included). What was executed
@@ -15,7 +15,7 @@ struct Session;
 // that starts inside another's transaction leaves the end to it.
 class WriteBatch final : public PumpListener {
   public:
-    explicit WriteBatch(Session& session);
+    WriteBatch(Host& host, Connection& connection);
     ~WriteBatch() override;
     WriteBatch(const WriteBatch&) = delete;
     WriteBatch& operator=(const WriteBatch&) = delete;
@@ -27,7 +27,8 @@ class WriteBatch final : public PumpListener {
     void Begin();
     void Commit();
 
-    Session& session_;
+    Host& host_;
+    Connection& connection_;
     bool isInner_;
     std::string commitError_;  // shown once the batch has ended
 };

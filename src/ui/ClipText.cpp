@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-#include "app/text.h"
+#include "base/text.h"
 #include "ui/GridGeometry.h"
 
 namespace ssq {

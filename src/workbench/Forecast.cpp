@@ -1,8 +1,9 @@
 #include "workbench/Forecast.h"
 
-#include "app/Public_var.h"
-#include "app/public_fun.h"
-#include "app/text.h"
+#include "base/text.h"
+#include "draws/Public_var.h"
+#include "draws/public_fun.h"
+#include "draws/queries.h"
 
 namespace ssq {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "app/Regex.h"
-#include "kill/BMHZ.h"
+#include "base/Regex.h"
+#include "formulas/BMHZ.h"
 
 namespace ssq {
 

@@ -2,9 +2,9 @@
 
 #include <cmath>
 
-#include "app/Public_var.h"
-#include "app/numbers.h"
-#include "app/text.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "draws/Public_var.h"
 #include "workbench/Forecast.h"
 
 namespace ssq {

@@ -6,9 +6,10 @@
 #include <variant>
 #include <vector>
 
-#include "app/Public_var.h"
-#include "app/numbers.h"
-#include "kill/BMHZ.h"
+#include "base/numbers.h"
+#include "draws/Public_var.h"
+#include "draws/queries.h"
+#include "formulas/BMHZ.h"
 #include "workbench/Forecast.h"
 
 namespace ssq {

@@ -1,6 +1,7 @@
 #include "workbench/FormulaTrend.h"
 
-#include "app/Public_var.h"
+#include "draws/Public_var.h"
+#include "draws/queries.h"
 
 namespace ssq {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/public_fun.h"
+#include "draws/public_fun.h"
 
 namespace ssq {
 

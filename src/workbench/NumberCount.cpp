@@ -3,10 +3,11 @@
 #include <optional>
 #include <vector>
 
-#include "app/Public_var.h"
-#include "app/RedSet.h"
-#include "app/Regex.h"
-#include "app/text.h"
+#include "base/RedSet.h"
+#include "base/Regex.h"
+#include "base/text.h"
+#include "draws/Public_var.h"
+#include "draws/queries.h"
 #include "store/WriteBatch.h"
 #include "ui/Host.h"
 #include "workbench/Forecast.h"
@@ -44,7 +45,7 @@ std::string NamedNumbers(const ResultGrid& filtered, const std::vector<std::stri
 }
 
 bool StoreCounts(Session& session, const std::string& named) {
-    WriteBatch batch(session);
+    WriteBatch batch(session.host, session.connection);
     if (!ExecuteOrTell(session, "Delete from hsort")) return false;
     for (int number = 1; number <= RedSet::kLargest; ++number) {
         const std::string hm = TwoDigits(number);

@@ -8,7 +8,7 @@
 #include <QMenu>
 #include <QTabBar>
 
-#include "app/Public_var.h"
+#include "draws/Public_var.h"
 #include "ui/Host.h"
 #include "ui/qt/Desktop.h"
 #include "ui/qt/GridCopy.h"

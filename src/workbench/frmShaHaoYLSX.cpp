@@ -5,8 +5,8 @@
 #include <QLineEdit>
 #include <QMenu>
 
-#include "app/Public_var.h"
-#include "app/numbers.h"
+#include "base/numbers.h"
+#include "draws/Public_var.h"
 #include "ui/qt/Desktop.h"
 #include "ui/qt/GridCopy.h"
 #include "ui/qt/GridExport.h"

@@ -1,6 +1,6 @@
 #include "acquire/Prizes.h"
 
-#include "app/text.h"
+#include "base/text.h"
 #include "support/UpdateTest.h"
 
 namespace ssq {

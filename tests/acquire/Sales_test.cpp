@@ -1,6 +1,6 @@
 #include "acquire/Sales.h"
 
-#include "app/text.h"
+#include "base/text.h"
 #include "support/UpdateTest.h"
 
 namespace ssq {

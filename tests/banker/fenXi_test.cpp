@@ -1,10 +1,12 @@
 #include "banker/fenXi.h"
+#include "base/combinations.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "app/Public_var.h"
-#include "app/text.h"
+#include "base/text.h"
+#include "draws/Public_var.h"
+#include "draws/queries.h"
 #include "support/TestDatabase.h"
 
 namespace ssq {

@@ -3,9 +3,9 @@
 
 #include <map>
 
-#include "app/Public_var.h"
-#include "app/text.h"
+#include "base/text.h"
 #include "charts/MainTrendChart.h"
+#include "draws/Public_var.h"
 #include "support/TestDatabase.h"
 
 namespace ssq {

@@ -5,7 +5,7 @@
 #include <QJsonArray>
 #include <fstream>
 
-#include "app/text.h"
+#include "base/text.h"
 #include "support/DriverClient.h"
 
 namespace ssq {

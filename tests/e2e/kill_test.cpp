@@ -4,7 +4,7 @@
 
 #include <QJsonArray>
 
-#include "app/text.h"
+#include "base/text.h"
 #include "support/DriverClient.h"
 
 namespace ssq {

@@ -5,7 +5,7 @@
 #include <QFile>
 #include <QJsonArray>
 
-#include "app/text.h"
+#include "base/text.h"
 #include "support/DriverClient.h"
 
 namespace ssq {

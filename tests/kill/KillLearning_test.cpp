@@ -8,7 +8,7 @@
 #include <tuple>
 #include <utility>
 
-#include "kill/BMHZ.h"
+#include "formulas/BMHZ.h"
 #include "kill/KillRecords.h"
 #include "kill/KillSettings.h"
 #include "support/TestDatabase.h"

@@ -6,7 +6,7 @@
 #include <optional>
 #include <tuple>
 
-#include "app/Public_var.h"
+#include "draws/Public_var.h"
 #include "support/TestDatabase.h"
 
 namespace ssq {

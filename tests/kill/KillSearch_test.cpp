@@ -8,8 +8,8 @@
 #include <string>
 #include <utility>
 
-#include "app/numbers.h"
-#include "kill/BMHZ.h"
+#include "base/numbers.h"
+#include "formulas/BMHZ.h"
 
 namespace ssq {
 namespace {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "draws/queries.h"
 #include "support/TestDatabase.h"
 
 namespace ssq {

@@ -8,6 +8,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "draws/queries.h"
 #include "support/TestDatabase.h"
 
 namespace ssq {

@@ -7,6 +7,7 @@
 
 #include <csignal>
 
+#include "draws/queries.h"
 #include "support/TestDatabase.h"
 
 namespace ssq {
@@ -39,7 +40,7 @@ TEST_F(WriteBatchTest, ReachesTheDiskAtItsEndAndAtEachPump) {
     std::vector<std::int64_t> seen;
     database.host().onPump = [&] { seen.push_back(RowsOnDisk()); };
     {
-        const WriteBatch batch(database.session());
+        const WriteBatch batch(database.session().host, database.session().connection);
         Insert(2);
         EXPECT_EQ(RowsOnDisk(), 0);
         Pump();
@@ -52,7 +53,7 @@ TEST_F(WriteBatchTest, ReachesTheDiskAtItsEndAndAtEachPump) {
 
 TEST_F(WriteBatchTest, KeepsWhatWasDoneBeforeAFailure) {
     {
-        const WriteBatch batch(database.session());
+        const WriteBatch batch(database.session().host, database.session().connection);
         Insert(2);
         EXPECT_FALSE(ExecuteOrTell(database.session(), "insert into nowhere values(1)"));
         Insert(1);
@@ -64,14 +65,14 @@ TEST_F(WriteBatchTest, NestsInsideARunAndInsideAPump) {
     std::vector<std::int64_t> seen;
     database.host().onPump = [&] {
         seen.push_back(RowsOnDisk());
-        const WriteBatch inPump(database.session());
+        const WriteBatch inPump(database.session().host, database.session().connection);
         Insert(10);
     };
     {
-        const WriteBatch outer(database.session());
+        const WriteBatch outer(database.session().host, database.session().connection);
         Insert(1);
         {
-            const WriteBatch inner(database.session());
+            const WriteBatch inner(database.session().host, database.session().connection);
             Insert(1);
             Pump();
             Insert(1);
@@ -87,7 +88,7 @@ TEST_F(WriteBatchTest, NestsInsideARunAndInsideAPump) {
 TEST_F(WriteBatchTest, SurvivesAConnectionClosedInAPump) {
     database.host().onPump = [&] { database.session().connection.Close(); };
     {
-        const WriteBatch batch(database.session());
+        const WriteBatch batch(database.session().host, database.session().connection);
         Insert(2);
         Pump();
         EXPECT_FALSE(database.session().connection.isOpen());
@@ -98,7 +99,7 @@ TEST_F(WriteBatchTest, SurvivesAConnectionClosedInAPump) {
 
 TEST_F(WriteBatchTest, SurvivesAConnectionClosedInTheMiddle) {
     {
-        const WriteBatch batch(database.session());
+        const WriteBatch batch(database.session().host, database.session().connection);
         Insert(2);
         database.session().connection.Close();
     }
@@ -110,7 +111,7 @@ TEST_F(WriteBatchTest, SurvivesAConnectionClosedInTheMiddle) {
     TestHost host;
     Session session(host, folder);
     OpenDatabase(session);
-    const WriteBatch batch(session);
+    const WriteBatch batch(session.host, session.connection);
     for (std::int64_t count = 1;; ++count) {
         if (!ExecuteOrTell(session, "insert into rtoc(colvalue) values(1)")) _exit(1);
         if (count % 50 != 0) continue;

@@ -4,8 +4,9 @@
 
 #include <sstream>
 
-#include "app/dates.h"
-#include "app/numbers.h"
+#include "base/dates.h"
+#include "base/numbers.h"
+#include "draws/queries.h"
 #include "support/TestDatabase.h"
 
 namespace ssq {

@@ -6,9 +6,9 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "acquire/ConvertYlDate.h"
-#include "app/dates.h"
-#include "app/public_fun.h"
+#include "base/ConvertYlDate.h"
+#include "base/dates.h"
+#include "draws/public_fun.h"
 
 namespace ssq {
 

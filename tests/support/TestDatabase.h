@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/Public_var.h"
+#include "draws/Public_var.h"
 #include "support/TempFolder.h"
 #include "support/TestHost.h"
 

@@ -9,8 +9,8 @@
 #include <variant>
 
 #include "support/TempFolder.h"
-#include "ui/GridWorksheet.h"
 #include "ui/ResultGrid.h"
+#include "ui/xls/GridWorksheet.h"
 
 namespace ssq {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "app/Public_var.h"
-#include "kill/BMHZ.h"
+#include "draws/Public_var.h"
+#include "formulas/BMHZ.h"
 #include "support/TestDatabase.h"
 #include "ui/ResultGrid.h"
 

@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "app/Public_var.h"
-#include "ui/GridWorksheet.h"
+#include "draws/Public_var.h"
 #include "ui/Host.h"
 #include "ui/qt/Desktop.h"
 #include "ui/qt/GridView.h"
+#include "ui/xls/GridWorksheet.h"
 
 namespace ssq {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "app/text.h"
+#include "base/text.h"
 
 namespace ssq {
 

@@ -4,7 +4,7 @@
 #include <QPen>
 #include <algorithm>
 
-#include "app/numbers.h"
+#include "base/numbers.h"
 #include "ui/GridLook.h"
 
 namespace ssq {

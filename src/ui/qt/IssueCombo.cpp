@@ -4,7 +4,7 @@
 #include <QListView>
 #include <QStringListModel>
 
-#include "app/Public_var.h"
+#include "draws/Public_var.h"
 
 namespace ssq {
 

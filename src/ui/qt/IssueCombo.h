@@ -3,7 +3,7 @@
 
 #include <QComboBox>
 
-#include "app/public_fun.h"
+#include "draws/public_fun.h"
 #include "ui/qt/PanelContext.h"
 
 namespace ssq {

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/numbers.h"
+#include "base/numbers.h"
 #include "ui/qt/PanelContext.h"
 
 namespace ssq {

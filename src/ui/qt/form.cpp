@@ -2,16 +2,13 @@
 
 #include <QBoxLayout>
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QComboBox>
 #include <QGroupBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 
-#include "app/MDLcolse.h"
 #include "ui/qt/GridCopy.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
@@ -34,22 +31,6 @@ Widget* AddLabelled(QBoxLayout* row, Widget* control, const char* name, const QS
     row->insertWidget(row->count() - 1, Named(control, name));
     return control;
 }
-
-// Refuses what the missing close entry of a window would have sent.
-class CloseBlocker final : public QObject {
-  public:
-    using QObject::QObject;
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::Close) {
-            event->ignore();
-            return true;
-        }
-        const bool escape = event->type() == QEvent::KeyPress &&
-                            static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
-        return escape || QObject::eventFilter(watched, event);
-    }
-};
 
 }  // namespace
 
@@ -130,16 +111,6 @@ GridView* AddGrid(QGroupBox* group, const char* name) {
         column->setStretchFactor(group, 1);
     }
     return AddGrid(static_cast<QBoxLayout*>(group->layout()), name);
-}
-
-void RemoveCloseEntry(QWidget& window, int flag) {
-    const SystemMenu left = EntriesLeft(flag);
-    window.setWindowFlag(Qt::CustomizeWindowHint);
-    window.setWindowFlag(Qt::WindowTitleHint);
-    window.setWindowFlag(Qt::WindowMinimizeButtonHint, left.minimize);
-    window.setWindowFlag(Qt::WindowMaximizeButtonHint, left.maximize);
-    window.setWindowFlag(Qt::WindowCloseButtonHint, left.close);
-    if (!left.close) window.installEventFilter(new CloseBlocker(&window));
 }
 
 }  // namespace ssq

@@ -52,8 +52,4 @@ void AddEntry(QMenu& menu, const char* name, const QString& caption, std::functi
 GridView* AddGrid(QBoxLayout* layout, const char* name);
 GridView* AddGrid(QGroupBox* group, const char* name);
 
-// Takes entries out of a window's system menu: with a flag above 0 minimize and maximize,
-// otherwise close (the window then ends by its own buttons only).
-void RemoveCloseEntry(QWidget& window, int flag);
-
 }  // namespace ssq

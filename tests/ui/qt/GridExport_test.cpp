@@ -5,8 +5,8 @@
 
 #include <QDir>
 
-#include "app/Public_var.h"
-#include "driver/ScriptDesktop.h"
+#include "draws/Public_var.h"
+#include "panel_driver/ScriptDesktop.h"
 #include "support/TempFolder.h"
 #include "support/TestHost.h"
 #include "ui/qt/GridView.h"

@@ -1,0 +1,24 @@
+#include "base/RedSet.h"
+
+#include "base/numbers.h"
+#include "base/text.h"
+
+namespace ssq {
+
+RedSet RedSet::FromList(std::string_view list) {
+    RedSet set;
+    for (const std::string& item : Split(list, ",")) set.Add(static_cast<int>(Val(item)));
+    return set;
+}
+
+std::string RedSet::ToList() const {
+    std::string list;
+    for (int number = 1; number <= kLargest; ++number) {
+        if (!Has(number)) continue;
+        if (!list.empty()) list += ',';
+        list += TwoDigits(number);
+    }
+    return list;
+}
+
+}  // namespace ssq

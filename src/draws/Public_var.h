@@ -1,0 +1,30 @@
+// What lives from the start of the program to its exit.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <utility>
+
+#include "draws/Deployment.h"
+#include "store/SqlConn.h"
+
+namespace ssq {
+
+class Host;
+
+// Main owns the one Session; everything else takes it by reference.
+struct Session {
+    Session(Host& presentation, std::filesystem::path folder)
+        : host(presentation), programFolder(std::move(folder)), deployment(DefaultDeployment()) {}
+
+    Host& host;
+    std::filesystem::path programFolder;
+    Deployment deployment;
+    Connection connection;
+
+    std::string LatestIssue;  // newest issue of cphm as text; empty while there is none
+    std::int32_t DrawCount = 0;
+};
+
+}  // namespace ssq

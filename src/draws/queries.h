@@ -1,0 +1,26 @@
+// Statements that tell the user when they fail.
+#pragma once
+
+#include <string>
+
+#include "store/Recordset.h"
+
+namespace ssq {
+
+struct Session;
+
+// Opens data/ssq.mdb in the program's folder; shows the store's text when that fails, and the
+// program goes on.
+void OpenDatabase(Session& session);
+
+// OpenQuery that tells the user: false after showing the error text with ShowMessage.
+bool QueryOrTell(Session& session, const std::string& sql, Recordset& recordset);
+
+// The same for a statement whose rows are not wanted.
+bool ExecuteOrTell(Session& session, const std::string& sql);
+
+// Whether `Select count(*)` from the table succeeds. On failure the error text is shown only when
+// it does not name the table.
+bool TableExists(Session& session, const std::string& name);
+
+}  // namespace ssq

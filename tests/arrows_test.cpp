@@ -1,0 +1,65 @@
+// The floors of the house: which folders of src/ a folder may include from besides itself.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+
+namespace {
+
+using Folders = std::set<std::string>;
+
+Folders operator+(Folders a, const Folders& b) {
+    a.insert(b.begin(), b.end());
+    return a;
+}
+
+const Folders kGround{"base", "ui", "store", "draws", "formulas"};
+// Panels live beside their analyses; the linker keeps the toolkit out of the analyses themselves.
+const Folders kAnalysis = kGround + Folders{"ui/qt"};
+
+const std::map<std::string, Folders> kAllowed = {
+    {"base", {}},
+    {"ui", {"base"}},
+    {"ui/xls", {"base", "ui"}},
+    {"ui/qt", {"base", "ui", "ui/xls", "store", "draws"}},
+    {"store", {"base", "ui"}},
+    {"draws", {"base", "ui", "store"}},
+    {"formulas", {"base", "ui", "store", "draws"}},
+    {"acquire", kAnalysis},
+    {"banker", kAnalysis},
+    {"charts", kAnalysis},
+    {"history", kAnalysis},
+    {"kill", kAnalysis},
+    {"workbench", kAnalysis},
+    // The shell opens the panels and runs the commands of the menu.
+    {"app", kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "workbench"}},
+};
+
+TEST(Floors, IncludesOnlyGoDown) {
+    namespace fs = std::filesystem;
+    const fs::path src = SSQ_SOURCE_FOLDER;
+    const std::regex include(R"re(^#include "((?:[^"/]+/)+)[^"/]+")re");
+    std::smatch match;
+    int includes = 0;
+    for (const auto& entry : fs::recursive_directory_iterator(src)) {
+        if (entry.path().extension() != ".h" && entry.path().extension() != ".cpp") continue;
+        const std::string folder = entry.path().parent_path().lexically_relative(src).string();
+        ASSERT_TRUE(kAllowed.contains(folder)) << "no floor is given for " << folder;
+        std::ifstream file(entry.path());
+        for (std::string line; std::getline(file, line);) {
+            if (!std::regex_search(line, match, include)) continue;
+            ++includes;
+            std::string target = match[1];
+            target.pop_back();
+            EXPECT_TRUE(target == folder || kAllowed.at(folder).contains(target))
+                << entry.path() << ": " << line;
+        }
+    }
+    EXPECT_GT(includes, 100);
+}
+
+}  // namespace

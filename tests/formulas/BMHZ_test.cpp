@@ -1,0 +1,143 @@
+#include "formulas/BMHZ.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "support/TestDatabase.h"
+
+namespace ssq {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+TEST(ShiftDraw, ShiftsInTheRing) {
+    struct Case {
+        const char* source;
+        int offset;
+        ShiftMode mode;
+        const char* target;
+        const char* result;
+        int hits;
+    };
+    const Case cases[] = {
+        {"05", 5, ShiftMode::kMinus, "33", "33", 1},
+        {"03", 5, ShiftMode::kMinus, "03,13", "31", 0},
+        {"01", 13, ShiftMode::kMinus, "21,22", "21", 1},
+        {"33", 1, ShiftMode::kPlus, "01", "01", 1},
+        {"33,04,01", 0, ShiftMode::kMinus, "04", "33,04,01", 1},
+        {"01,02,03,31,32,33", 1, ShiftMode::kBoth, "01,02,30,31,32,33",
+         "33,02,01,03,02,04,30,32,31,33,32,01", 10},
+        {"05", 5, ShiftMode::kMinus, "00,00,00,00,00,00", "33", 0},
+        {"", 5, ShiftMode::kBoth, "01", "", 0},
+    };
+    for (const Case& c : cases) {
+        int hits = 7;  // what the caller has counted so far stays
+        EXPECT_EQ(ShiftDraw(c.target, c.source, c.offset, hits, c.mode), c.result) << c.source;
+        EXPECT_EQ(hits, 7 + c.hits) << c.source;
+    }
+}
+
+class EdgeTable : public testing::Test {
+  protected:
+    std::int64_t Number(const std::string& sql) { return database.Run(sql).Int(0); }
+    std::vector<std::string> Draws() {
+        std::vector<std::string> draws;
+        for (Recordset rows = database.Run("select kjhm from cphm order by kjqh"); !rows.eof();
+             rows.MoveNext()) {
+            draws.push_back(rows.Text(0));
+        }
+        return draws;
+    }
+
+    TestDatabase database = TestDatabase::Delivered();
+    Session& session = database.session();
+};
+
+TEST_F(EdgeTable, TextAndMaskFormsAgreeOverTheHistory) {
+    const std::vector<std::string> draws = Draws();
+    ASSERT_GT(draws.size(), 3000U);
+    for (std::size_t i = 1; i < draws.size(); ++i) {
+        const RedSet target = RedSet::FromList(draws[i]);
+        const RedSet source = RedSet::FromList(draws[i - 1]);
+        for (int offset = 0; offset < RedSet::kLargest; ++offset) {
+            for (const auto mode : {ShiftMode::kBoth, ShiftMode::kMinus, ShiftMode::kPlus}) {
+                int hits = 0;
+                ShiftDraw(draws[i], draws[i - 1], offset, hits, mode);
+                ASSERT_EQ(hits, ShiftHits(target, source, offset, mode)) << draws[i];
+            }
+        }
+    }
+}
+
+TEST_F(EdgeTable, HoldsTheHitsOfEveryFormulaForEachDrawEvenIfTwoRunsMeet) {
+    int runs = 0;
+    database.host().onPump = [&] {
+        if (++runs > 1) return;
+        EXPECT_TRUE(EnsureEdgeTable(session));
+    };
+    ASSERT_TRUE(EnsureEdgeTable(session));
+    EXPECT_GT(runs, 0);
+    EXPECT_THAT(database.host().Texts(), IsEmpty());
+    const std::vector<std::string> draws = Draws();
+    Recordset rows = database.Run("select * from bmhz order by kjqh asc");
+    ASSERT_EQ(rows.recordcount(), Number("select count(*) from cphm where kjqh>2003011"));
+    std::size_t draw = draws.size() - static_cast<std::size_t>(rows.recordcount());
+    for (; !rows.eof(); rows.MoveNext(), ++draw) {
+        ASSERT_EQ(rows.Text("kjhm"), draws[draw]);
+        for (std::size_t q = 1; q <= kFormulaDraws && draw % 5 == 0; ++q) {
+            for (int b = 1; b <= kFormulaOffsets; ++b) {
+                int hits = 0;
+                ShiftDraw(draws[draw], draws[draw - q], b, hits, ShiftMode::kMinus);
+                const std::string key = "Q" + std::to_string(q) + "B" + std::to_string(b);
+                ASSERT_EQ(rows.Int(key), hits) << draws[draw] << key;
+            }
+        }
+    }
+}
+
+TEST_F(EdgeTable, GrowsByTheDrawsThatAreMissing) {
+    database.Run("delete from cphm where kjqh>2003011");
+    EXPECT_TRUE(EnsureEdgeTable(session));
+    EXPECT_EQ(Number("select count(*) from bmhz"), 0);
+    for (const int issue : {2003012, 2004001, 2004002}) {
+        database.AddDraw(issue, "2003-04-01", "01,02,03,04,05,06", 7);
+        EXPECT_TRUE(EnsureEdgeTable(session));
+        database.Run("update bmhz set kjhm='kept' where kjqh=2003012");
+    }
+    EXPECT_EQ(Number("select count(*) from bmhz"), 3);
+    EXPECT_EQ(Number("select count(*) from bmhz where kjhm='kept'"), 1);
+    EXPECT_EQ(Number("select q2b4 from bmhz where kjqh=2004002"), 2);  // 05 and 06 less 4
+    EXPECT_THAT(database.host().Texts(), IsEmpty());
+}
+
+TEST_F(EdgeTable, StopsWhereDrawsAreMissingOrTheProgramIsClosed) {
+    database.Run("delete from cphm where kjqh<2020010");
+    EXPECT_FALSE(EnsureEdgeTable(session));
+    EXPECT_EQ(Number("select count(*) from bmhz"), 0);
+    EXPECT_THAT(database.host().Texts(), ElementsAre("数据不足！"));
+    database.host().Stop();
+    EXPECT_FALSE(EnsureEdgeTable(session));
+    EXPECT_THAT(database.host().Texts(), SizeIs(1));
+}
+
+TEST_F(EdgeTable, RenumbersWhatIsOutOfPlaceOnly) {
+    database.Run("delete from cphm where kjqh>2003020");
+    ASSERT_TRUE(EnsureEdgeTable(session));
+    EXPECT_EQ(RenumberEdgeTable(session, "2003015"), 4);
+    EXPECT_EQ(Number("select count(*) from bmhz where qid=0"), 5);
+    EXPECT_EQ(RenumberEdgeTable(session, "2003020"), 9);
+    EXPECT_EQ(Number("select count(*) from bmhz where qid<>kjqh-2003011"), 0);
+    const std::int64_t changes = Number("select total_changes()");
+    EXPECT_EQ(RenumberEdgeTable(session, "2003020"), 9);
+    EXPECT_EQ(Number("select total_changes()"), changes);
+    database.Run("drop table bmhz");
+    EXPECT_EQ(RenumberEdgeTable(session, "2003020"), 0);
+    EXPECT_THAT(database.host().Texts(), SizeIs(1));
+}
+
+}  // namespace
+}  // namespace ssq
