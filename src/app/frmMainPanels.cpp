@@ -5,6 +5,9 @@
 #include "acquire/frmSale.h"
 #include "banker/frmXUEXI.h"
 #include "banker/frmxxjl.h"
+#include "charts/frmLHzst.h"
+#include "charts/frmWeiHangLie.h"
+#include "charts/frmWeiShu.h"
 #include "charts/frmZST.h"
 #include "history/frmHistory.h"
 #include "kill/frmSHAMA.h"
@@ -29,9 +32,10 @@ std::pair<const QString, Make<Panel>> Modeless(const char* name) {
 
 const std::map<QString, Make<Panel>>& Panels() {
     static const std::map<QString, Make<Panel>> kPanels = {
-        Modeless<frmHistory>("frmHistory"), Modeless<frmSHAMA>("frmSHAMA"),
-        Modeless<frmSale>("frmSale"),       Modeless<frmShaHao>("frmShaHao"),
-        Modeless<frmZST>("frmZST"),
+        Modeless<frmHistory>("frmHistory"), Modeless<frmLHzst>("frmLHzst"),
+        Modeless<frmSHAMA>("frmSHAMA"),     Modeless<frmSale>("frmSale"),
+        Modeless<frmShaHao>("frmShaHao"),   Modeless<frmWeiHangLie>("frmWeiHangLie"),
+        Modeless<frmWeiShu>("frmWeiShu"),   Modeless<frmZST>("frmZST"),
     };
     return kPanels;
 }
