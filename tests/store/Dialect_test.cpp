@@ -134,6 +134,27 @@ TEST_F(DialectInUse, RunsOneStatementAtATime) {
     EXPECT_THAT(database.host().boxes, ElementsAre());
 }
 
+TEST_F(DialectInUse, BindsValuesToMarks) {
+    Session& session = database.session();
+    for (int run = 0; run < 2; ++run) {
+        EXPECT_TRUE(ExecuteOrTell(session, "insert into trate(gs,rate) values(?,?)",
+                                  {"it's; -- ?", run + 0.5}));
+    }
+    Recordset rows;
+    const std::string sql = "select top 1 * from trate where gs=? and rate>? order by gs";
+    EXPECT_TRUE(QueryOrTell(session, sql, {"it's; -- ?", 0}, rows));
+    EXPECT_EQ(rows.recordcount(), 2);
+    // A kept statement follows a change of its table.
+    database.Run("alter table trate add column more integer default 7");
+    EXPECT_TRUE(QueryOrTell(session, sql, {"it's; -- ?", 1}, rows));
+    EXPECT_EQ(rows.recordcount(), 1);
+    EXPECT_EQ(rows.Int("more"), 7);
+    EXPECT_TRUE(QueryOrTell(session, "select ?", {std::monostate()}, rows));
+    EXPECT_TRUE(rows.IsNull(0));
+    EXPECT_THAT(ErrorOf("select * from trate where gs=?"), HasSubstr("参数"));
+    EXPECT_THAT(database.host().boxes, ElementsAre());
+}
+
 TEST_F(DialectInUse, ReadsFieldsByNameAndPosition) {
     const Recordset rows =
         database.Run("select max(kjqh), 7 as 蓝球, 2.50 as Rate, 'x1' as n from cphm");
