@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "draws/Public_var.h"
+#include "store/WriteBatch.h"
 #include "ui/Host.h"
 
 namespace ssq {
@@ -28,6 +29,13 @@ bool QueryOrTell(Session& session, const std::string& sql, const Values& values,
 bool ExecuteOrTell(Session& session, const std::string& sql, const Values& values) {
     Recordset nothing;
     return QueryOrTell(session, sql, values, nothing);
+}
+
+bool CommitOrTell(Session& session, WriteBatch& batch) {
+    std::string errorText;
+    if (batch.Commit(errorText)) return true;
+    session.host.ShowMessage(errorText);
+    return false;
 }
 
 bool TableExists(Session& session, const std::string& name) {

@@ -7,6 +7,7 @@
 
 namespace ssq {
 
+class WriteBatch;
 struct Session;
 
 // Opens data/ssq.mdb in the program's folder; shows the store's text when that fails, and the
@@ -25,6 +26,9 @@ bool QueryOrTell(Session& session, const std::string& sql, const Values& values,
 
 // The same for a statement whose rows are not wanted.
 bool ExecuteOrTell(Session& session, const std::string& sql, const Values& values = {});
+
+// Ends the batch; false after showing the store's text.
+bool CommitOrTell(Session& session, WriteBatch& batch);
 
 // Whether `Select count(*)` from the table succeeds. On failure the error text is shown only when
 // it does not name the table.
