@@ -9,6 +9,8 @@
 #include "history/frmHistory.h"
 #include "kill/frmSHAMA.h"
 #include "workbench/frmShaHao.h"
+#include "wrap/frm18MaWeiHong.h"
+#include "wrap/frmWeiLan.h"
 
 namespace ssq {
 
@@ -31,7 +33,8 @@ const std::map<QString, Make<Panel>>& Panels() {
     static const std::map<QString, Make<Panel>> kPanels = {
         Modeless<frmHistory>("frmHistory"), Modeless<frmSHAMA>("frmSHAMA"),
         Modeless<frmSale>("frmSale"),       Modeless<frmShaHao>("frmShaHao"),
-        Modeless<frmZST>("frmZST"),
+        Modeless<frmZST>("frmZST"),         Modeless<frm18MaWeiHong>("frm18MaWeiHong"),
+        Modeless<frmWeiLan>("frmWeiLan"),
     };
     return kPanels;
 }
