@@ -35,8 +35,10 @@ const std::map<std::string, Folders> kAllowed = {
     {"history", kAnalysis},
     {"kill", kAnalysis},
     {"workbench", kAnalysis},
+    {"wrap", kAnalysis},
     // The shell opens the panels and runs the commands of the menu.
-    {"app", kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "workbench"}},
+    {"app",
+     kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "workbench", "wrap"}},
 };
 
 TEST(Floors, IncludesOnlyGoDown) {

@@ -12,6 +12,8 @@
 #include "history/frmHistory.h"
 #include "kill/frmSHAMA.h"
 #include "workbench/frmShaHao.h"
+#include "wrap/frm18MaWeiHong.h"
+#include "wrap/frmWeiLan.h"
 
 namespace ssq {
 
@@ -32,10 +34,16 @@ std::pair<const QString, Make<Panel>> Modeless(const char* name) {
 
 const std::map<QString, Make<Panel>>& Panels() {
     static const std::map<QString, Make<Panel>> kPanels = {
-        Modeless<frmHistory>("frmHistory"), Modeless<frmLHzst>("frmLHzst"),
-        Modeless<frmSHAMA>("frmSHAMA"),     Modeless<frmSale>("frmSale"),
-        Modeless<frmShaHao>("frmShaHao"),   Modeless<frmWeiHangLie>("frmWeiHangLie"),
-        Modeless<frmWeiShu>("frmWeiShu"),   Modeless<frmZST>("frmZST"),
+        Modeless<frm18MaWeiHong>("frm18MaWeiHong"),
+        Modeless<frmHistory>("frmHistory"),
+        Modeless<frmLHzst>("frmLHzst"),
+        Modeless<frmSHAMA>("frmSHAMA"),
+        Modeless<frmSale>("frmSale"),
+        Modeless<frmShaHao>("frmShaHao"),
+        Modeless<frmWeiHangLie>("frmWeiHangLie"),
+        Modeless<frmWeiLan>("frmWeiLan"),
+        Modeless<frmWeiShu>("frmWeiShu"),
+        Modeless<frmZST>("frmZST"),
     };
     return kPanels;
 }
