@@ -8,6 +8,7 @@
 #include "charts/frmLHzst.h"
 #include "charts/frmWeiHangLie.h"
 #include "charts/frmWeiShu.h"
+#include "charts/frmWeizhi1107568.h"
 #include "charts/frmZST.h"
 #include "history/frmHistory.h"
 #include "kill/frmSHAMA.h"
@@ -43,6 +44,7 @@ const std::map<QString, Make<Panel>>& Panels() {
         Modeless<frmWeiHangLie>("frmWeiHangLie"),
         Modeless<frmWeiLan>("frmWeiLan"),
         Modeless<frmWeiShu>("frmWeiShu"),
+        Modeless<frmWeizhi1107568>("frmWeizhi1107568"),
         Modeless<frmZST>("frmZST"),
     };
     return kPanels;
