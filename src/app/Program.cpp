@@ -1,5 +1,7 @@
 #include "app/Program.h"
 
+#include <QCoreApplication>
+
 #include "app/MDL_UPDATE.h"
 #include "app/frmMain.h"
 #include "draws/public_fun.h"
@@ -18,6 +20,12 @@ void Program::Start() {
     RefreshLatestIssue(session_);
     window_ = std::make_unique<frmMain>(PanelContext{session_, desktop_});
     window_->show();
+}
+
+void Program::End() {
+    host_.Stop();
+    if (window_) window_->close();
+    QCoreApplication::quit();
 }
 
 QWidget& Program::mainWindow() {

@@ -6,7 +6,7 @@
 #include "app/frmMainMenu.h"
 #include "charts/MainTrendChart.h"
 #include "ui/qt/Desktop.h"
-#include "ui/qt/GridCopy.h"
+#include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 
 namespace ssq {

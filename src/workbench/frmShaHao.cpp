@@ -11,7 +11,7 @@
 #include "draws/Public_var.h"
 #include "ui/Host.h"
 #include "ui/qt/Desktop.h"
-#include "ui/qt/GridCopy.h"
+#include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
 #include "ui/qt/LineChart.h"

@@ -9,7 +9,7 @@
 #include <QMenu>
 #include <QPushButton>
 
-#include "ui/qt/GridCopy.h"
+#include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
 
