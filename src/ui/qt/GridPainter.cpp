@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QPen>
 #include <algorithm>
+#include <array>
 
 #include "base/numbers.h"
 #include "ui/GridLook.h"
@@ -11,6 +12,7 @@ namespace ssq {
 
 namespace {
 
+constexpr const char* kTick = "√";
 constexpr QRgb kPaper = qRgb(0xFF, 0xFF, 0xFF);
 constexpr QRgb kInk = qRgb(0x1E, 0x26, 0x24);
 constexpr QRgb kFreezeLine = qRgb(0x8F, 0xA3, 0x9B);
@@ -142,6 +144,7 @@ void GridPainter::PaintTexts(const Pane& pane) {
 
 void GridPainter::PaintText(int row, int col, const QRect& rect) {
     const CellStyle& style = scene_.grid.style(row, col);
+    if (scene_.grid.cell(row, col) == kTick) return PaintTick(rect, Ink(row, col));
     const QRect room = Room(rect);
     const GridFonts::Line& line = fonts_.Lay(style, scene_.grid.cell(row, col), room.size());
     const Qt::Alignment alignment =
@@ -167,6 +170,21 @@ QColor GridPainter::Ink(int row, int col) const {
     QColor ink = InkOn(*ground);
     if (!grid.paleText.empty() && grid.cell(row, col) == grid.paleText) ink.setAlpha(kPaleAlpha);
     return ink;
+}
+
+// Fonts draw the root sign that stands for a tick; a tick has no upper bar.
+void GridPainter::PaintTick(const QRect& cell, const QColor& colour) {
+    constexpr double kShare = 0.55;  // of the lower of the cell's sides
+    constexpr double kThickness = 0.16;
+    const double size = kShare * std::min(cell.width(), cell.height());
+    const QPointF centre = QRectF(cell.adjusted(0, 0, -1, -1)).center();
+    const std::array<QPointF, 3> corners{centre + size * QPointF(-0.5, 0.05),
+                                         centre + size * QPointF(-0.15, 0.4),
+                                         centre + size * QPointF(0.5, -0.4)};
+    painter_.setRenderHint(QPainter::Antialiasing, true);
+    painter_.setPen(QPen(colour, size * kThickness, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter_.drawPolyline(corners.data(), static_cast<int>(corners.size()));
+    painter_.setRenderHint(QPainter::Antialiasing, false);
 }
 
 // A disc, drawn out to a lozenge where the text is wider than the cell is high.
@@ -226,19 +244,23 @@ void GridPainter::PaintSelection(const QRect& area) {
     QColor shade = scene_.highlight;
     shade.setAlpha(scene_.focused ? kSelectionAlpha : kSelectionAlphaUnfocused);
     const QRect rect = visible(range);
-    if (!rect.isEmpty()) painter_.fillRect(rect & area, shade);
+    if (rect.isEmpty()) return;
+    painter_.fillRect(rect & area, shade);
+    PaintFrame(rect);
 
     const int row = scene_.grid.row();
     const int col = scene_.grid.col();
-    const QRect shown = visible({row, col, row, col});
-    if (shown.isEmpty()) return;
-    const QRect cell =
-        Rect(scene_.geometry.CellRect(row, col, scene_.scroll.x(), scene_.scroll.y()));
-    painter_.setClipRect(shown & area);
+    const QRect anchor = visible({row, col, row, col});
+    if (!anchor.isEmpty() && anchor != rect) PaintFrame(anchor);
+}
+
+// A dark line inside a light one stands out from every ground.
+void GridPainter::PaintFrame(const QRect& rect) {
     painter_.setBrush(Qt::NoBrush);
+    painter_.setPen(Hairline(Qt::white));
+    painter_.drawRect(rect.adjusted(0, 0, -2, -2));
     painter_.setPen(Hairline(scene_.highlight.darker()));
-    painter_.drawRect(cell.adjusted(0, 0, -2, -2));
-    painter_.drawRect(cell.adjusted(1, 1, -3, -3));
+    painter_.drawRect(rect.adjusted(1, 1, -3, -3));
 }
 
 bool TextIsClipped(const ResultGrid& grid, int row, int col, const QSize& size, GridFonts& fonts) {

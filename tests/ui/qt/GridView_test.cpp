@@ -10,7 +10,7 @@
 #include <QScrollBar>
 #include <QTest>
 
-#include "ui/qt/GridCopy.h"
+#include "ui/qt/GridExport.h"
 
 namespace ssq {
 namespace {
@@ -80,16 +80,21 @@ class GridViewTest : public testing::Test {
 
 TEST_F(GridViewTest, FixedCellsStayWhileTheBodyScrolls) {
     view_.horizontalScrollBar()->setValue(100);
-    view_.verticalScrollBar()->setValue(50);
+    view_.verticalScrollBar()->setValue(48);  // ends on a whole row
     EXPECT_EQ(CellRect(1, 1), QRect(40, 20, 40, 20));
     EXPECT_EQ(CellRect(1, 5), QRect(100, 20, 40, 20));
-    EXPECT_EQ(CellRect(6, 1), QRect(40, 70, 40, 20));
+    EXPECT_EQ(CellRect(6, 1), QRect(40, 80, 40, 20));
     EXPECT_EQ(view_.indexAt(Centre(9, 8)), view_.model()->index(9, 8));
     // Beneath the fixed cells lies what has scrolled away.
     EXPECT_EQ(view_.indexAt(Centre(2, 2)), view_.model()->index(0, 0));
     view_.verticalScrollBar()->setValue(1'000'000);
     view_.horizontalScrollBar()->setValue(1'000'000);
-    EXPECT_EQ(CellRect(199, 39).bottomRight(), view_.viewport()->rect().bottomRight());
+    EXPECT_EQ(CellRect(199, 39).right(), view_.viewport()->rect().right());
+    for (const int height : {330, 250, 500, 333}) {  // who stands at the bottom stays there
+        view_.resize(440, height);
+        EXPECT_TRUE(view_.viewport()->rect().contains(CellRect(199, 39))) << height;
+        EXPECT_EQ(CellRect(view_.indexAt(QPoint(90, 45)).row(), 39).top(), 40) << height;
+    }
     // A changed cell leaves the scroll, a changed selection comes into view.
     view_.Edit([](ResultGrid& grid) { grid.SetCell(2, 2, "x"); });
     EXPECT_TRUE(view_.viewport()->rect().contains(CellRect(199, 39)));
@@ -113,6 +118,16 @@ TEST_F(GridViewTest, DragsSelectARectangle) {
     }
 }
 
+TEST_F(GridViewTest, DraggedBordersResizeTheColumnBeforeThem) {
+    for (const int grip : {-2, 0, 2}) {
+        view_.SetGrid(BigGrid());
+        const QPoint border = CellRect(0, 4).topRight() + QPoint(1 + grip, 5);
+        Drag(border, border + QPoint(15 - grip, 0));
+        EXPECT_EQ(CellRect(0, 4), QRect(160, 0, 55, 20)) << grip;
+        EXPECT_EQ(CellRect(0, 5), QRect(215, 0, 40, 20)) << grip;
+    }
+}
+
 TEST_F(GridViewTest, KeysMoveExtendAndCopyTheSelection) {
     view_.Edit([](ResultGrid& grid) { grid.SetHidden(6, true); });
     const int page = view_.viewport()->height() / 20 - 2;
@@ -130,10 +145,14 @@ TEST_F(GridViewTest, KeysMoveExtendAndCopyTheSelection) {
              {Qt::Key_End, control, {199, 39, 199, 39}},
              {Qt::Key_Down, {}, {199, 39, 199, 39}},
              {Qt::Key_Home, control, {2, 2, 2, 2}},
+             {Qt::Key_Left, shift, {2, 2, 2, 1}},  // into the fixed columns
+             {Qt::Key_Left, {}, {2, 1, 2, 1}},
+             {Qt::Key_Down, shift, {2, 1, 3, 1}},
+             {Qt::Key_Home, control, {2, 2, 2, 2}},
              {Qt::Key_PageDown, {}, {2 + page, 2, 2 + page, 2}},
              {Qt::Key_PageUp, {}, {2, 2, 2, 2}},
              {Qt::Key_Down, control | shift, {2, 2, 199, 2}},
-             {Qt::Key_A, control, {2, 2, 199, 39}},
+             {Qt::Key_A, control, {2, 0, 199, 39}},
          }) {
         QTest::keyClick(&view_, key, modifiers);
         EXPECT_EQ(Selection(), selection) << key;
@@ -150,13 +169,6 @@ TEST_F(GridViewTest, KeysMoveExtendAndCopyTheSelection) {
     EXPECT_EQ(Selection(), (Numbers{-1, -1, -1, -1}));
 }
 
-TEST_F(GridViewTest, FocusAloneSelectsNothing) {
-    view_.SetGrid(ResultGrid(1, 3, 1, 0));  // a heading alone
-    QFocusEvent focus(QEvent::FocusIn, Qt::TabFocusReason);
-    QCoreApplication::sendEvent(&view_, &focus);
-    EXPECT_EQ(Selection(), (Numbers{-1, -1, -1, -1}));
-}
-
 TEST_F(GridViewTest, PressesReportTheCellAndRaiseThePopup) {
     std::vector<Numbers> presses;
     std::vector<QPoint> popups;
@@ -170,7 +182,10 @@ TEST_F(GridViewTest, PressesReportTheCellAndRaiseThePopup) {
     Click(4, 4);                                     // a cell takes it
     Click(7, 7, Qt::LeftButton, Qt::ShiftModifier);  // extends it
     Click(5, 5, Qt::RightButton);                    // inside: it stays
-    Click(9, 5, Qt::RightButton);                    // outside: it moves
+    EXPECT_EQ(view_.pressedRow(), 5);
+    Click(9, 5, Qt::RightButton);  // outside: it moves
+    Click(8, 1);                   // fixed columns belong to their row
+    Click(7, 0, Qt::RightButton);
     QTest::mouseDClick(view_.viewport(), Qt::LeftButton, {}, Centre(5, 6));
     presses.erase(presses.end() - 2);  // the second press of the double click
     EXPECT_EQ(presses, (std::vector<Numbers>{{0, 4, Qt::LeftButton, 6, 6},
@@ -178,19 +193,25 @@ TEST_F(GridViewTest, PressesReportTheCellAndRaiseThePopup) {
                                              {7, 7, Qt::LeftButton, 4, 4},
                                              {5, 5, Qt::RightButton, 4, 4},
                                              {9, 5, Qt::RightButton, 9, 5},
+                                             {8, 1, Qt::LeftButton, 8, 1},
+                                             {7, 0, Qt::RightButton, 7, 0},
                                              {5, 6}}));
     // The menu key raises it at the selection.
     QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(), QPoint());
     QCoreApplication::sendEvent(view_.viewport(), &key);
-    ASSERT_EQ(popups.size(), 3U);
+    ASSERT_EQ(popups.size(), 4U);
     EXPECT_EQ(popups[1], view_.viewport()->mapToGlobal(Centre(9, 5)));
-    EXPECT_EQ(popups[2], view_.viewport()->mapToGlobal(Centre(5, 6)));
+    EXPECT_EQ(popups[3], view_.viewport()->mapToGlobal(Centre(5, 6)));
 }
 
-TEST_F(GridViewTest, APressMayReplaceTheGrid) {
+TEST_F(GridViewTest, APressMayReplaceTheGridAndFocusSelectsNothing) {
     view_.onPress = [&](int, int, Qt::MouseButton) { view_.SetGrid(ResultGrid(3, 3, 2, 2)); };
     Drag(Centre(5, 5), QPoint(200, 200));
     EXPECT_EQ(Selection(), (Numbers{2, 2, 2, 2}));
+    view_.SetGrid(ResultGrid(1, 3, 1, 0));  // a heading alone
+    QFocusEvent focus(QEvent::FocusIn, Qt::TabFocusReason);
+    QCoreApplication::sendEvent(&view_, &focus);
+    EXPECT_EQ(Selection(), (Numbers{-1, -1, -1, -1}));
 }
 
 TEST_F(GridViewTest, PaintsColoursMarksAndLines) {
