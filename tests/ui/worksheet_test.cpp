@@ -130,15 +130,6 @@ TEST_F(Worksheet, TextsSurviveEveryPlaceWhereARecordEnds) {
     }
 }
 
-TEST_F(Worksheet, ALongHistoryComesBackCellByCell) {
-    ResultGrid grid(3500, 70, 2, 3);
-    for (int i = 0; i < 3500 * 70; ++i) grid.SetCell(i / 70, i % 70, "第" + std::to_string(i));
-    const Sheet sheet = Written(grid);
-    for (int i = 0; i < 3500 * 70; ++i) {
-        ASSERT_TRUE(sheet.cell(i / 70, i % 70) == SheetCell(grid.cell(i / 70, i % 70))) << i;
-    }
-}
-
 TEST_F(Worksheet, LooksAsTheGridDoes) {
     if (std::system("/usr/bin/python3 -c 'import xlrd' 2>/dev/null") != 0) {
         GTEST_SKIP() << "python3-xlrd is not installed";

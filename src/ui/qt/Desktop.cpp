@@ -58,11 +58,12 @@ void FoldLongText(QMessageBox& box, const QString& text) {
     for (QAbstractButton* button : box.buttons()) {
         if (box.buttonRole(button) != QMessageBox::ActionRole) continue;
         button->setText(QStringLiteral("显示全文"));
-        // The box renames its button on each click, before this runs.
-        QObject::connect(button, &QAbstractButton::clicked, &box, [button, open = false]() mutable {
+        // The box renames its button on each click; this has the last word.
+        const auto rename = [button, open = false]() mutable {
             open = !open;
             button->setText(open ? QStringLiteral("收起全文") : QStringLiteral("显示全文"));
-        });
+        };
+        QObject::connect(button, &QAbstractButton::clicked, &box, rename, Qt::QueuedConnection);
     }
 }
 

@@ -4,6 +4,7 @@
 #include <QPen>
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "base/numbers.h"
 #include "ui/GridLook.h"
@@ -121,14 +122,30 @@ void GridPainter::PaintLines(const Pane& pane) {
                              : own      ? Colour(*own)
                                         : Colour(kGridLine)));
     for (int row = pane.rows.first; row <= pane.rows.last; ++row) {
-        const int y = scene_.geometry.rows().End(row, scene_.scroll.y()) - 1;
-        painter_.drawLine(pane.cols.begin, y, pane.cols.end, y);
+        DrawBottomLine(scene_.geometry.rows().End(row, scene_.scroll.y()), pane.cols.begin,
+                       pane.cols.end);
     }
     for (int col = pane.cols.first; col <= pane.cols.last; ++col) {
         if (scene_.geometry.cols().size(col) == 0) continue;
-        const int x = scene_.geometry.cols().End(col, scene_.scroll.x()) - 1;
-        painter_.drawLine(x, pane.rows.begin, x, pane.rows.end);
+        DrawRightLine(scene_.geometry.cols().End(col, scene_.scroll.x()), pane.rows.begin,
+                      pane.rows.end);
     }
+}
+
+// A cell's lines are its last device pixels. Where a logical pixel is no whole number of those, one
+// drawn at the last logical pixel would leave a strip of the cell's colour behind it.
+void GridPainter::DrawRightLine(int end, int top, int bottom) {
+    const QTransform device = painter_.deviceTransform();
+    const double x =
+        (std::round(end * device.m11() + device.dx()) - 1 - device.dx()) / device.m11();
+    painter_.drawLine(QLineF(x, top, x, bottom));
+}
+
+void GridPainter::DrawBottomLine(int end, int left, int right) {
+    const QTransform device = painter_.deviceTransform();
+    const double y =
+        (std::round(end * device.m22() + device.dy()) - 1 - device.dy()) / device.m22();
+    painter_.drawLine(QLineF(left, y, right, y));
 }
 
 void GridPainter::PaintTexts(const Pane& pane) {
@@ -212,8 +229,8 @@ void GridPainter::PaintMerges(const QRect& area) {
         painter_.setClipRect(rect & area);
         painter_.fillRect(rect, back ? Colour(*back) : Colour(kFixedBack));
         painter_.setPen(Hairline(Colour(kFixedLine)));
-        painter_.drawLine(rect.right(), rect.top(), rect.right(), rect.bottom());
-        painter_.drawLine(rect.left(), rect.bottom(), rect.right(), rect.bottom());
+        DrawRightLine(rect.right() + 1, rect.top(), rect.bottom());
+        DrawBottomLine(rect.bottom() + 1, rect.left(), rect.right());
         PaintText(merge.top, merge.left, rect);
     }
     painter_.setClipRect(area);
@@ -226,12 +243,8 @@ void GridPainter::PaintFreezeLines(const QRect& area) {
     const int bottom = std::min(rows.extent() - scene_.scroll.y(), scene_.view.height());
     painter_.setClipRect(area);
     painter_.setPen(Hairline(QColor(kFreezeLine)));
-    if (rows.fixedExtent() > 0) {
-        painter_.drawLine(0, rows.fixedExtent() - 1, right - 1, rows.fixedExtent() - 1);
-    }
-    if (cols.fixedExtent() > 0) {
-        painter_.drawLine(cols.fixedExtent() - 1, 0, cols.fixedExtent() - 1, bottom - 1);
-    }
+    if (rows.fixedExtent() > 0) DrawBottomLine(rows.fixedExtent(), 0, right - 1);
+    if (cols.fixedExtent() > 0) DrawRightLine(cols.fixedExtent(), 0, bottom - 1);
 }
 
 void GridPainter::PaintSelection(const QRect& area) {
