@@ -151,10 +151,6 @@ void GridView::BringIntoView(const Cell& cell) {
 }
 
 void GridView::updateGeometries() {
-    // Where a logical pixel is no whole number of device pixels, the view would paint over a part
-    // of its frame.
-    const int air = devicePixelRatioF() == std::round(devicePixelRatioF()) ? 0 : 1;
-    setViewportMargins(air, air, air, air);
     const auto setUp = [](QScrollBar& bar, const GridAxis& axis, int view, int step) {
         bar.setRange(0, axis.MaxScroll(view));
         bar.setPageStep(std::max(1, view - axis.fixedExtent()));
