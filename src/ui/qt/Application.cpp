@@ -8,6 +8,7 @@
 #include <QSocketNotifier>
 #include <QStyleFactory>
 #include <atomic>
+#include <cerrno>
 #include <csignal>
 #include <exception>
 #include <new>
