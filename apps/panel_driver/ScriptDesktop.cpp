@@ -18,12 +18,14 @@ QString ScriptDesktop::EndPopup() {
     return std::exchange(popupFault_, {});
 }
 
-void ScriptDesktop::ShowBox(const QString& title, const QString& text) {
-    messages_.append(QJsonObject{{u"title"_qs, title}, {u"text"_qs, text}});
+void ScriptDesktop::ShowBox(const QString& title, const QString& text, const QString& note) {
+    QJsonObject box{{u"title"_qs, title}, {u"text"_qs, text}};
+    if (!note.isEmpty()) box[u"note"_qs] = note;
+    messages_.append(box);
 }
 
 bool ScriptDesktop::Confirm(const QString& title, const QString& text) {
-    ShowBox(title, text);
+    ShowBox(title, text, {});
     if (questionAnswers_.empty()) return true;
     const bool answer = questionAnswers_.front();
     questionAnswers_.pop_front();

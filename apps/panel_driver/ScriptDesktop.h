@@ -23,11 +23,12 @@ class ScriptDesktop final : public Desktop {
     // Ends the wait for that popup. Why its entry was not chosen; empty when it was.
     QString EndPopup();
 
-    // The boxes ({"title","text"}), and the links, documents and programs opened since last taken.
+    // The boxes ({"title","text"}, with "note" where there is one), and the links, documents and
+    // programs opened since last taken.
     QJsonArray TakeMessages() { return std::exchange(messages_, {}); }
     QJsonArray TakeOpened() { return std::exchange(opened_, {}); }
 
-    void ShowBox(const QString& title, const QString& text) override;
+    void ShowBox(const QString& title, const QString& text, const QString& note) override;
     bool Confirm(const QString& title, const QString& text) override;
     QString AskSaveFile(const QString& pattern) override;
     QString AskOpenFile(const QString& pattern) override;

@@ -9,7 +9,7 @@
 
 #include "draws/Public_var.h"
 #include "ui/Host.h"
-#include "ui/qt/GridCopy.h"
+#include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
 #include "ui/qt/LineChart.h"
@@ -136,12 +136,11 @@ void frmShaHao::BuildChart(QBoxLayout* views) {
 
 void frmShaHao::DeclarePopups() {
     for (GridView* view : {vs1_, vs2_}) {
-        view->onPress = [this](int row, int, Qt::MouseButton) { pressedRow_ = row; };
         view->onDoubleClick = [this, view](int row, int) {
             if (row >= view->grid().fixedRows()) OpenChart(*view, row);
         };
         const auto copy = [view] { CopySelection(*view); };
-        const auto chart = [this, view] { OpenChart(*view, pressedRow_); };
+        const auto chart = [this, view] { OpenChart(*view, view->pressedRow()); };
         const auto screen = [this] { ShowOmissionScreen(); };
         const auto hasRows = [view] { return view->grid().rows() > 1; };
         if (view == vs1_) {

@@ -68,7 +68,6 @@ class frmShaHao final : public Panel {
     GridView* vs2_;
     QComboBox* cboZst_;
     LineChart* chart_;
-    int pressedRow_ = -1;   // of the grid whose popup is raised
     std::string chartKey_;  // the formula that tab 3 names; empty before the first
     QPointer<frmShaHaoYLSX> omissionScreen_;
 };

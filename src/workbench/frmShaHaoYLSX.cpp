@@ -6,7 +6,6 @@
 
 #include "base/numbers.h"
 #include "draws/Public_var.h"
-#include "ui/qt/GridCopy.h"
 #include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/form.h"
