@@ -9,13 +9,14 @@
 #include "base/ConvertYlDate.h"
 #include "base/dates.h"
 #include "draws/public_fun.h"
+#include "support/paths.h"
 
 namespace ssq {
 
 namespace {
 
 void MakeFromSchema(const std::filesystem::path& file) {
-    std::ifstream stream(SSQ_SCHEMA_FILE, std::ios::binary);
+    std::ifstream stream(SourceFolder() / "data" / "schema.sql", std::ios::binary);
     const std::string schema{std::istreambuf_iterator<char>(stream), {}};
     sqlite3* database = nullptr;
     sqlite3_open(file.c_str(), &database);
@@ -41,7 +42,7 @@ TestDatabase::TestDatabase(const std::filesystem::path& original) {
 }
 
 TestDatabase TestDatabase::Delivered() {
-    return TestDatabase(SSQ_DELIVERED_DATABASE);
+    return TestDatabase(DeliveredDatabase());
 }
 
 void TestDatabase::Open() {
