@@ -72,4 +72,12 @@ Recordset TestDatabase::Run(const std::string& sql) {
     return rows;
 }
 
+std::vector<std::string> TestDatabase::Texts(const std::string& sql) {
+    std::vector<std::string> texts;
+    for (Recordset rows = Run(sql); !rows.eof(); rows.MoveNext()) {
+        for (int field = 0; field < rows.FieldCount(); ++field) texts.push_back(rows.Text(field));
+    }
+    return texts;
+}
+
 }  // namespace ssq
