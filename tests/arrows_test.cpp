@@ -8,6 +8,8 @@
 #include <set>
 #include <string>
 
+#include "support/paths.h"
+
 namespace {
 
 using Folders = std::set<std::string>;
@@ -43,7 +45,7 @@ const std::map<std::string, Folders> kAllowed = {
 
 TEST(Floors, IncludesOnlyGoDown) {
     namespace fs = std::filesystem;
-    const fs::path src = SSQ_SOURCE_FOLDER;
+    const fs::path src = ssq::SourceFolder() / "src";
     const std::regex include(R"re(^#include "((?:[^"/]+/)+)[^"/]+")re");
     std::smatch match;
     int includes = 0;

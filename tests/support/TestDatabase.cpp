@@ -10,13 +10,14 @@
 #include "base/text.h"
 #include "draws/Draw.h"
 #include "draws/public_fun.h"
+#include "support/paths.h"
 
 namespace ssq {
 
 namespace {
 
 void MakeFromSchema(const std::filesystem::path& file) {
-    std::ifstream stream(SSQ_SCHEMA_FILE, std::ios::binary);
+    std::ifstream stream(SourceFolder() / "data" / "schema.sql", std::ios::binary);
     const std::string schema{std::istreambuf_iterator<char>(stream), {}};
     sqlite3* database = nullptr;
     sqlite3_open(file.c_str(), &database);
@@ -42,7 +43,7 @@ TestDatabase::TestDatabase(const std::filesystem::path& original) {
 }
 
 TestDatabase TestDatabase::Delivered() {
-    return TestDatabase(SSQ_DELIVERED_DATABASE);
+    return TestDatabase(DeliveredDatabase());
 }
 
 void TestDatabase::Open() {
@@ -72,6 +73,14 @@ Recordset TestDatabase::Run(const std::string& sql) {
     Recordset rows;
     if (!session_.connection.OpenQuery(sql, errorText, rows)) throw std::runtime_error(errorText);
     return rows;
+}
+
+std::vector<std::string> TestDatabase::Texts(const std::string& sql) {
+    std::vector<std::string> texts;
+    for (Recordset rows = Run(sql); !rows.eof(); rows.MoveNext()) {
+        for (int field = 0; field < rows.FieldCount(); ++field) texts.push_back(rows.Text(field));
+    }
+    return texts;
 }
 
 }  // namespace ssq

@@ -9,6 +9,7 @@
 #include <variant>
 
 #include "support/TempFolder.h"
+#include "support/paths.h"
 #include "ui/ResultGrid.h"
 #include "ui/xls/GridWorksheet.h"
 
@@ -155,8 +156,8 @@ TEST_F(Worksheet, LooksAsTheGridDoes) {
     EXPECT_TRUE(Written(grid).opened());
 
     const fs::path list = folder_.path() / "facts";
-    const std::string command = "PYTHONIOENCODING=utf-8 /usr/bin/python3 " SSQ_SHEET_STYLES_SCRIPT
-                                " '" +
+    const std::string command = "PYTHONIOENCODING=utf-8 /usr/bin/python3 " +
+                                (SourceFolder() / "tests/ui/sheet_styles.py").string() + " '" +
                                 file_.string() + "' > '" + list.string() + "'";
     ASSERT_EQ(std::system(command.c_str()), 0);
     std::ifstream stream(list);
