@@ -33,6 +33,9 @@ const std::map<std::string, Folders> kAllowed = {
     {"formulas", {"base", "ui", "store", "draws"}},
     {"acquire", kAnalysis},
     {"banker", kAnalysis},
+    // Attributes of bets that the charts show under the same names are counted by their
+    // calculators.
+    {"bets", kAnalysis + Folders{"charts"}},
     {"charts", kAnalysis},
     {"history", kAnalysis},
     {"kill", kAnalysis},
