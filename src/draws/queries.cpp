@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "draws/Public_var.h"
+#include "store/WriteBatch.h"
 #include "ui/Host.h"
 
 namespace ssq {
@@ -14,15 +15,27 @@ void OpenDatabase(Session& session) {
 }
 
 bool QueryOrTell(Session& session, const std::string& sql, Recordset& recordset) {
+    return QueryOrTell(session, sql, {}, recordset);
+}
+
+bool QueryOrTell(Session& session, const std::string& sql, const Values& values,
+                 Recordset& recordset) {
     std::string errorText;
-    if (session.connection.OpenQuery(sql, errorText, recordset)) return true;
+    if (session.connection.OpenQuery(sql, values, errorText, recordset)) return true;
     session.host.ShowMessage(errorText);
     return false;
 }
 
-bool ExecuteOrTell(Session& session, const std::string& sql) {
+bool ExecuteOrTell(Session& session, const std::string& sql, const Values& values) {
     Recordset nothing;
-    return QueryOrTell(session, sql, nothing);
+    return QueryOrTell(session, sql, values, nothing);
+}
+
+bool CommitOrTell(Session& session, WriteBatch& batch) {
+    std::string errorText;
+    if (batch.Commit(errorText)) return true;
+    session.host.ShowMessage(errorText);
+    return false;
 }
 
 bool TableExists(Session& session, const std::string& name) {
