@@ -34,9 +34,11 @@ const std::map<std::string, Folders> kAllowed = {
     {"charts", kAnalysis},
     {"history", kAnalysis},
     {"kill", kAnalysis},
+    {"stats", kAnalysis},
     {"workbench", kAnalysis},
     // The shell opens the panels and runs the commands of the menu.
-    {"app", kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "workbench"}},
+    {"app",
+     kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "stats", "workbench"}},
 };
 
 TEST(Floors, IncludesOnlyGoDown) {
