@@ -36,9 +36,10 @@ const std::map<std::string, Folders> kAllowed = {
     {"kill", kAnalysis},
     {"stats", kAnalysis},
     {"workbench", kAnalysis},
+    {"wrap", kAnalysis},
     // The shell opens the panels and runs the commands of the menu.
-    {"app",
-     kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "stats", "workbench"}},
+    {"app", kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "stats",
+                                "workbench", "wrap"}},
 };
 
 TEST(Floors, IncludesOnlyGoDown) {

@@ -13,6 +13,8 @@
 #include "stats/frmJianGe.h"
 #include "stats/frmLengRe.h"
 #include "workbench/frmShaHao.h"
+#include "wrap/frm18MaWeiHong.h"
+#include "wrap/frmWeiLan.h"
 
 namespace ssq {
 
@@ -33,11 +35,18 @@ std::pair<const QString, Make<Panel>> Modeless(const char* name) {
 
 const std::map<QString, Make<Panel>>& Panels() {
     static const std::map<QString, Make<Panel>> kPanels = {
-        Modeless<frmBianMa>("frmBianMa"),   Modeless<frmHeZhi>("frmHeZhi"),
-        Modeless<frmHistory>("frmHistory"), Modeless<frmHongHaomaGens>("frmHongHaomaGens"),
-        Modeless<frmJianGe>("frmJianGe"),   Modeless<frmLengRe>("frmLengRe"),
-        Modeless<frmSHAMA>("frmSHAMA"),     Modeless<frmSale>("frmSale"),
-        Modeless<frmShaHao>("frmShaHao"),   Modeless<frmZST>("frmZST"),
+        Modeless<frmBianMa>("frmBianMa"),
+        Modeless<frmHeZhi>("frmHeZhi"),
+        Modeless<frmHistory>("frmHistory"),
+        Modeless<frmHongHaomaGens>("frmHongHaomaGens"),
+        Modeless<frmJianGe>("frmJianGe"),
+        Modeless<frmLengRe>("frmLengRe"),
+        Modeless<frmSHAMA>("frmSHAMA"),
+        Modeless<frmSale>("frmSale"),
+        Modeless<frmShaHao>("frmShaHao"),
+        Modeless<frmZST>("frmZST"),
+        Modeless<frm18MaWeiHong>("frm18MaWeiHong"),
+        Modeless<frmWeiLan>("frmWeiLan"),
     };
     return kPanels;
 }

@@ -10,11 +10,13 @@ namespace ssq {
 class WriteBatch;
 struct Session;
 
-// Opens data/ssq.mdb in the program's folder; shows the store's text when that fails, and the
+// Opens data/ssq.mdb in the program's folder; shows the connection's text when that fails, and the
 // program goes on.
 void OpenDatabase(Session& session);
 
-// OpenQuery that tells the user: false after showing the error text with ShowMessage.
+// OpenQuery that tells the user: false after showing the error text with ShowMessage, which it
+// leaves out while the program starts without a database. The first statement that gets through to
+// a database locked before reads LatestIssue and DrawCount.
 bool QueryOrTell(Session& session, const std::string& sql, Recordset& recordset);
 
 // The same with one value for each "?" of the text, in their order:
