@@ -9,10 +9,9 @@
 #include "base/combinations.h"
 #include "base/numbers.h"
 #include "base/text.h"
-#include "draws/Draw.h"
+#include "draws/AppendMissing.h"
 #include "draws/Public_var.h"
 #include "draws/queries.h"
-#include "store/WriteBatch.h"
 #include "ui/palette.h"
 
 namespace ssq {
@@ -96,45 +95,33 @@ std::string InsertStatement(const std::string& table, const std::string& columns
 
 // How many gaps equal those of the draw before; the last one, a56, is not compared.
 std::int64_t RepeatedGaps(const Numbers& gaps, const Numbers& before) {
-    if (before.empty()) return 0;
     return std::inner_product(gaps.begin(), gaps.end() - 1, before.begin(), std::int64_t{0},
                               std::plus<>(), std::equal_to<>());
 }
 
 bool RebuildGaps(Session& session) {
-    const auto draws = ReadAllDraws(session);
-    if (!draws) return false;
     const std::vector<Combination> pairs = Pairs();
     const std::string insert = InsertStatement("jiangeTongji", ColumnNames(pairs) + ",ch");
-    WriteBatch batch(session.host, session.connection);
-    if (!ExecuteOrTell(session, "Delete from jiangeTongji")) return false;
-    Numbers before;
-    for (const Draw& draw : *draws) {
-        Numbers gaps = Gaps(draw, pairs);
-        Values row = RowOf(draw, gaps);
-        row.emplace_back(RepeatedGaps(gaps, before));
-        if (!ExecuteOrTell(session, insert, row)) return false;
-        before = std::move(gaps);
-    }
-    return CommitOrTell(session, batch);
+    const auto append = [&](std::span<const Draw> upTo) {
+        const Numbers gaps = Gaps(upTo.back(), pairs);
+        Values row = RowOf(upTo.back(), gaps);
+        row.emplace_back(upTo.size() > 1 ? RepeatedGaps(gaps, Gaps(upTo[upTo.size() - 2], pairs))
+                                         : 0);
+        return ExecuteOrTell(session, insert, row);
+    };
+    return ExecuteOrTell(session, "Delete from jiangeTongji") &&
+           AppendMissing(session, "jiangeTongji", 0, append);
 }
 
 bool AppendSums(Session& session) {
-    Recordset newest;
-    if (!QueryOrTell(session, "Select max(kjqh) from hezitj", newest)) return false;
-    const auto draws = ReadAllDraws(session);
-    if (!draws) return false;
     const std::vector<Combination> combinations = PairsToQuadruples();
     const std::string insert = InsertStatement("hezitj", ColumnNames(combinations));
-    WriteBatch batch(session.host, session.connection);
-    for (const Draw& draw : *draws) {
-        if (WholePart(draw.issue) <= newest.Int(0)) continue;
-        if (!ExecuteOrTell(session, insert, RowOf(draw, Sums(draw, combinations)))) return false;
-    }
-    return CommitOrTell(session, batch);
+    return AppendMissing(session, "hezitj", 0, [&](std::span<const Draw> upTo) {
+        return ExecuteOrTell(session, insert, RowOf(upTo.back(), Sums(upTo.back(), combinations)));
+    });
 }
 
-struct Bands {
+struct Band {
     int first;
     int last;
 };
@@ -144,7 +131,7 @@ struct CombinationTable {
     const char* name;
     bool (*bringLevel)(Session& session);
     std::string columns;  // as they are shown
-    std::vector<Bands> bands;
+    std::vector<Band> bands;
 };
 
 // Whether the table lacks the newest draw, or can't be asked.
