@@ -129,13 +129,9 @@ TEST(OpenDatabase, TellsTheUserAndGoesOn) {
         ASSERT_EQ(host.boxes.size(), starting ? 1U : 2U);
         EXPECT_EQ(host.boxes.back(), host.boxes.front());
     }
-}
-
-TEST(Connection, SaysThatItIsClosed) {
-    TestDatabase database;
-    database.session().connection.Close();
-    EXPECT_FALSE(TableExists(database.session(), "cphm"));
-    EXPECT_THAT(database.host().Texts(), testing::ElementsAre("数据库没有打开！"));
+    session.connection.Close();
+    EXPECT_FALSE(TableExists(session, "cphm"));
+    EXPECT_EQ(host.boxes.back().text, "数据库没有打开！");
 }
 
 }  // namespace
