@@ -39,11 +39,12 @@ const std::map<std::string, Folders> kAllowed = {
     {"charts", kAnalysis},
     {"history", kAnalysis},
     {"kill", kAnalysis},
+    {"stats", kAnalysis},
     {"workbench", kAnalysis},
     {"wrap", kAnalysis},
     // The shell opens the panels and runs the commands of the menu.
-    {"app",
-     kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "workbench", "wrap"}},
+    {"app", kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "stats",
+                                "workbench", "wrap"}},
 };
 
 TEST(Floors, IncludesOnlyGoDown) {
