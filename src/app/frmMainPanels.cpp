@@ -8,6 +8,10 @@
 #include "charts/frmZST.h"
 #include "history/frmHistory.h"
 #include "kill/frmSHAMA.h"
+#include "stats/frmBianMa.h"
+#include "stats/frmHongHaomaGens.h"
+#include "stats/frmJianGe.h"
+#include "stats/frmLengRe.h"
 #include "workbench/frmShaHao.h"
 #include "wrap/frm18MaWeiHong.h"
 #include "wrap/frmWeiLan.h"
@@ -31,9 +35,17 @@ std::pair<const QString, Make<Panel>> Modeless(const char* name) {
 
 const std::map<QString, Make<Panel>>& Panels() {
     static const std::map<QString, Make<Panel>> kPanels = {
-        Modeless<frmHistory>("frmHistory"), Modeless<frmSHAMA>("frmSHAMA"),
-        Modeless<frmSale>("frmSale"),       Modeless<frmShaHao>("frmShaHao"),
-        Modeless<frmZST>("frmZST"),         Modeless<frm18MaWeiHong>("frm18MaWeiHong"),
+        Modeless<frmBianMa>("frmBianMa"),
+        Modeless<frmHeZhi>("frmHeZhi"),
+        Modeless<frmHistory>("frmHistory"),
+        Modeless<frmHongHaomaGens>("frmHongHaomaGens"),
+        Modeless<frmJianGe>("frmJianGe"),
+        Modeless<frmLengRe>("frmLengRe"),
+        Modeless<frmSHAMA>("frmSHAMA"),
+        Modeless<frmSale>("frmSale"),
+        Modeless<frmShaHao>("frmShaHao"),
+        Modeless<frmZST>("frmZST"),
+        Modeless<frm18MaWeiHong>("frm18MaWeiHong"),
         Modeless<frmWeiLan>("frmWeiLan"),
     };
     return kPanels;
