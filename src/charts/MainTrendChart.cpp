@@ -147,6 +147,7 @@ ResultGrid EmptyGrid(int draws) {
     grid.paleText = "0";
     grid.SetAllAlignments(Align::kCentre);
     grid.SetEvenCols(kFirstNumberCol, kLastNumberCol);
+    grid.SetNames(kFirstNumberCol, kLastNumberCol);
     grid.SetCell(0, 0, "期号");
     grid.SetCell(0, 1, "红球号码");
     grid.SetCell(0, 2, "蓝");

@@ -2,6 +2,7 @@
 
 #include "base/ConvertYlDate.h"
 #include "base/dates.h"
+#include "base/numbers.h"
 #include "base/text.h"
 #include "draws/Public_var.h"
 #include "draws/queries.h"
@@ -70,28 +71,33 @@ std::optional<std::vector<Draw>> ReadDrawsUpTo(Session& session, const std::stri
 }
 
 bool InsertDraw(Connection& connection, const NewDraw& draw, std::string& errorText) {
-    Recordset newest;
-    if (!connection.OpenQuery("Select Max(qid) from cphm", errorText, newest)) return false;
     const auto date = ParseDate(draw.date);
     if (!date) {
         errorText = draw.date + "不是日期！";
         return false;
     }
+    Recordset rows;
+    if (!connection.OpenQuery("Select Max(qid) from cphm", {}, errorText, rows)) return false;
     std::vector<std::string> reds;
-    std::string balls;
+    Values values{rows.Int(0) + 1, std::int64_t{draw.issue}, std::string()};
     for (const int ball : draw.balls) {
         reds.push_back(TwoDigits(ball));
-        balls += std::to_string(ball) + ",";
+        values.emplace_back(std::int64_t{ball});
     }
-    const std::string drawn = draw.drawn.empty() ? "null" : "'" + draw.drawn + "'";
-    Recordset nothing;
+    values[2] = Join(reds, ",");
+    values.emplace_back(std::int64_t{draw.blue});
+    values.emplace_back(draw.date);
+    values.emplace_back(std::int64_t{Weekday(*date)});
+    values.emplace_back(WholePart(LunarDay(LunarText(draw.date))));
+    if (draw.drawn.empty()) {
+        values.emplace_back(std::monostate{});
+    } else {
+        values.emplace_back(draw.drawn);
+    }
     return connection.OpenQuery(
-        "Insert into cphm(qid,kjqh,kjhm,a1,a2,a3,a4,a5,a6,a7,kjDate,kjWeek,nnDate,cqsx) values(" +
-            std::to_string(newest.Int(0) + 1) + "," + std::to_string(draw.issue) + ",'" +
-            Join(reds, ",") + "'," + balls + std::to_string(draw.blue) + ",'" + draw.date + "'," +
-            std::to_string(Weekday(*date)) + "," + LunarDay(LunarText(draw.date)) + "," + drawn +
-            ")",
-        errorText, nothing);
+        "Insert into cphm(qid,kjqh,kjhm,a1,a2,a3,a4,a5,a6,a7,kjDate,kjWeek,nnDate,cqsx) "
+        "values(?,?,?,?,?,?,?,?,?,?,?,?,?,?)",
+        values, errorText, rows);
 }
 
 }  // namespace ssq

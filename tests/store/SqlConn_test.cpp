@@ -10,6 +10,7 @@
 
 #include "draws/queries.h"
 #include "support/TestDatabase.h"
+#include "support/paths.h"
 
 namespace ssq {
 namespace {
@@ -38,7 +39,7 @@ class OpenFailure : public testing::Test {
     }
 
     TempFolder folder;
-    const std::string delivered = Bytes(SSQ_DELIVERED_DATABASE);
+    const std::string delivered = Bytes(DeliveredDatabase());
 };
 
 TEST_F(OpenFailure, IsToldForWhatIsNoDatabase) {
