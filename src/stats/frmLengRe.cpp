@@ -7,7 +7,7 @@
 #include "draws/Public_var.h"
 #include "stats/HeatRanking.h"
 #include "ui/Host.h"
-#include "ui/qt/GridCopy.h"
+#include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/form.h"
 

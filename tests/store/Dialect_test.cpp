@@ -32,6 +32,7 @@ TEST(Dialect, TranslatesByTokens) {
              "select limit from t order m",
              "select a from t x , u order by a",
              "select a from t inner join u on 1 order by a",
+             "select a from u except select a from t order by a",
              "select a,count(a) from t group by a order by count(a)",
              "select 'top 3 a mod b', \"select top 1\", [top 2] from v where x='it''s mod 2'",
              "select top, mod from v where mod(a,2)=1",
