@@ -4,7 +4,7 @@
 #include <QComboBox>
 
 #include "stats/EdgeCodes.h"
-#include "ui/qt/GridCopy.h"
+#include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/form.h"
 
