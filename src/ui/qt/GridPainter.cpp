@@ -182,10 +182,11 @@ QColor GridPainter::Ink(int row, int col) const {
     const CellStyle& style = grid.style(row, col);
     if (style.fore) return Colour(*style.fore);
     const bool fixed = row < grid.fixedRows() || col < grid.fixedCols();
-    const auto& ground = style.mark ? style.mark : style.back ? style.back : grid.gridBack;
-    if (fixed || !ground) return {kInk};
-    QColor ink = InkOn(*ground);
-    if (!grid.paleText.empty() && grid.cell(row, col) == grid.paleText) ink.setAlpha(kPaleAlpha);
+    auto ground = style.mark ? style.mark : style.back;
+    if (!ground && !fixed) ground = grid.gridBack;
+    QColor ink = ground ? InkOn(*ground) : QColor(kInk);
+    const bool pale = !fixed && !grid.paleText.empty() && grid.cell(row, col) == grid.paleText;
+    if (pale) ink.setAlpha(kPaleAlpha);
     return ink;
 }
 
