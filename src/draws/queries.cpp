@@ -14,15 +14,20 @@ void OpenDatabase(Session& session) {
 }
 
 bool QueryOrTell(Session& session, const std::string& sql, Recordset& recordset) {
+    return QueryOrTell(session, sql, {}, recordset);
+}
+
+bool QueryOrTell(Session& session, const std::string& sql, const Values& values,
+                 Recordset& recordset) {
     std::string errorText;
-    if (session.connection.OpenQuery(sql, errorText, recordset)) return true;
+    if (session.connection.OpenQuery(sql, values, errorText, recordset)) return true;
     session.host.ShowMessage(errorText);
     return false;
 }
 
-bool ExecuteOrTell(Session& session, const std::string& sql) {
+bool ExecuteOrTell(Session& session, const std::string& sql, const Values& values) {
     Recordset nothing;
-    return QueryOrTell(session, sql, nothing);
+    return QueryOrTell(session, sql, values, nothing);
 }
 
 bool TableExists(Session& session, const std::string& name) {

@@ -16,8 +16,15 @@ void OpenDatabase(Session& session);
 // OpenQuery that tells the user: false after showing the error text with ShowMessage.
 bool QueryOrTell(Session& session, const std::string& sql, Recordset& recordset);
 
+// The same with one value for each "?" of the text, in their order:
+//   QueryOrTell(session, "Select gs from xxjl where id=?", {id}, rows)
+// Whole numbers, decimals, texts and std::monostate (null) are values. Text from outside or from
+// the store is always given so, never pasted.
+bool QueryOrTell(Session& session, const std::string& sql, const Values& values,
+                 Recordset& recordset);
+
 // The same for a statement whose rows are not wanted.
-bool ExecuteOrTell(Session& session, const std::string& sql);
+bool ExecuteOrTell(Session& session, const std::string& sql, const Values& values = {});
 
 // Whether `Select count(*)` from the table succeeds. On failure the error text is shown only when
 // it does not name the table.

@@ -15,10 +15,9 @@ namespace {
 constexpr int kBusyWaitMs = 500;
 constexpr const char* kClosedText = "数据库没有打开！";
 
-struct Finalizer {
-    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-};
-using Statement = std::unique_ptr<sqlite3_stmt, Finalizer>;
+constexpr std::size_t kMostKept = 64;  // statements with values, far more than a run uses
+
+using Statement = std::unique_ptr<sqlite3_stmt, StoreCloser>;
 
 // Compiles the first statement of `sql`; `rest` is what stands behind it.
 Statement Prepare(sqlite3* database, const std::string& sql, std::string_view& rest) {
@@ -40,6 +39,20 @@ bool IsTable(sqlite3* database, std::string_view name) {
     return sqlite3_step(query.get()) == SQLITE_ROW;
 }
 
+// The value lives until the statement has run.
+void Bind(sqlite3_stmt* statement, int position, const Value& value) {
+    if (const auto* whole = std::get_if<std::int64_t>(&value)) {
+        sqlite3_bind_int64(statement, position, *whole);
+    } else if (const auto* number = std::get_if<double>(&value)) {
+        sqlite3_bind_double(statement, position, *number);
+    } else if (const auto* text = std::get_if<std::string>(&value)) {
+        sqlite3_bind_text(statement, position, text->data(), static_cast<int>(text->size()),
+                          SQLITE_STATIC);
+    } else {
+        sqlite3_bind_null(statement, position);
+    }
+}
+
 Value ReadColumn(sqlite3_stmt* row, int column) {
     switch (sqlite3_column_type(row, column)) {
         case SQLITE_INTEGER:
@@ -58,14 +71,15 @@ Value ReadColumn(sqlite3_stmt* row, int column) {
 
 // Steps through the statement and keeps all its rows. Returns SQLITE_DONE or an error's code.
 int ReadRows(sqlite3_stmt* statement, Recordset& recordset) {
+    // The first step compiles anew what a change of the schema has made stale.
+    int code = sqlite3_step(statement);
     const int columns = sqlite3_column_count(statement);
     std::vector<std::string> names;
     names.reserve(static_cast<std::size_t>(columns));
     for (int column = 0; column < columns; ++column) {
         names.emplace_back(sqlite3_column_name(statement, column));
     }
-    std::vector<Value> values;
-    int code = sqlite3_step(statement);
+    Values values;
     for (; code == SQLITE_ROW; code = sqlite3_step(statement)) {
         for (int column = 0; column < columns; ++column) {
             values.push_back(ReadColumn(statement, column));
@@ -90,8 +104,12 @@ std::string FindFault(sqlite3* database, const std::filesystem::path& file) {
 
 }  // namespace
 
-void Connection::Closer::operator()(sqlite3* database) const {
+void StoreCloser::operator()(sqlite3* database) const {
     sqlite3_close_v2(database);
+}
+
+void StoreCloser::operator()(sqlite3_stmt* statement) const {
+    sqlite3_finalize(statement);
 }
 
 Connection::Connection() : closedText_(kClosedText) {}
@@ -104,7 +122,7 @@ bool Connection::Open(const std::filesystem::path& file, std::string& errorText)
     Close();
     sqlite3* raw = nullptr;
     const int code = sqlite3_open_v2(file.string().c_str(), &raw, SQLITE_OPEN_READWRITE, nullptr);
-    std::unique_ptr<sqlite3, Closer> database(raw);
+    std::unique_ptr<sqlite3, StoreCloser> database(raw);
     std::string fault;
     if (code != SQLITE_OK) {
         fault = raw ? sqlite3_errmsg(raw) : sqlite3_errstr(code);
@@ -126,6 +144,7 @@ bool Connection::Open(const std::filesystem::path& file, std::string& errorText)
 }
 
 void Connection::Close() {
+    kept_.clear();
     if (InTransaction()) sqlite3_exec(database_.get(), "commit", nullptr, nullptr, nullptr);
     // Without its log the file can be opened where nothing may be written beside it.
     if (database_) {
@@ -139,31 +158,56 @@ bool Connection::InTransaction() const {
     return database_ && sqlite3_get_autocommit(database_.get()) == 0;
 }
 
-bool Connection::OpenQuery(const std::string& sql, std::string& errorText, Recordset& recordset) {
-    recordset.Clear();
-    if (!database_) {
-        errorText = closedText_;
-        return false;
-    }
+Connection::Statement Connection::Compile(const std::string& sql, std::string& errorText) const {
     sqlite3* database = database_.get();
     const std::string translated = TranslateStatement(
         Trim(sql), [database](std::string_view name) { return IsTable(database, name); });
     std::string_view rest;
-    const Statement statement = Prepare(database, translated, rest);
+    Statement statement = Prepare(database, translated, rest);
     if (!statement) {
         errorText =
             sqlite3_errcode(database) == SQLITE_OK ? "SQL语句为空！" : sqlite3_errmsg(database);
-        return false;
-    }
-    if (!IsEmptyStatement(rest)) {
+    } else if (!IsEmptyStatement(rest)) {
         errorText = "SQL语句结束后还有多余的字符！";
+        statement.reset();
+    }
+    return statement;
+}
+
+sqlite3_stmt* Connection::Kept(const std::string& sql, std::string& errorText) {
+    if (const auto found = kept_.find(sql); found != kept_.end()) return found->second.get();
+    Statement statement = Compile(sql, errorText);
+    if (!statement) return nullptr;
+    if (kept_.size() >= kMostKept) kept_.clear();
+    return kept_.emplace(sql, std::move(statement)).first->second.get();
+}
+
+bool Connection::OpenQuery(const std::string& sql, std::string& errorText, Recordset& recordset) {
+    return OpenQuery(sql, {}, errorText, recordset);
+}
+
+bool Connection::OpenQuery(const std::string& sql, const Values& values, std::string& errorText,
+                           Recordset& recordset) {
+    recordset.Clear();
+    if (!database_ || !refusal_.empty()) {
+        errorText = database_ ? refusal_ : closedText_;
         return false;
     }
-    if (ReadRows(statement.get(), recordset) != SQLITE_DONE) {
-        errorText = sqlite3_errmsg(database);
+    const Statement single = values.empty() ? Compile(sql, errorText) : Statement();
+    sqlite3_stmt* statement = values.empty() ? single.get() : Kept(sql, errorText);
+    if (!statement) return false;
+    if (sqlite3_bind_parameter_count(statement) != static_cast<int>(values.size())) {
+        errorText = "SQL语句的参数个数不正确！";
         return false;
     }
-    return true;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        Bind(statement, static_cast<int>(i) + 1, values[i]);
+    }
+    const bool done = ReadRows(statement, recordset) == SQLITE_DONE;
+    if (!done) errorText = sqlite3_errmsg(database_.get());
+    sqlite3_reset(statement);
+    sqlite3_clear_bindings(statement);
+    return done;
 }
 
 }  // namespace ssq

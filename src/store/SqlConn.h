@@ -4,12 +4,20 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <unordered_map>
 
 #include "store/Recordset.h"
 
 struct sqlite3;
+struct sqlite3_stmt;
 
 namespace ssq {
+
+// Ends what the store gave out.
+struct StoreCloser {
+    void operator()(sqlite3* database) const;
+    void operator()(sqlite3_stmt* statement) const;
+};
 
 class Connection {
   public:
@@ -34,16 +42,33 @@ class Connection {
     // `errorText`, an empty `recordset`; nothing is shown.
     // The dialect: `select [top N]`, also inside `insert ... select`; the functions mid, int and
     // day; the operator mod; names without regard to case. Rows that tie on the sort key come
-    // in insertion order. Text behind the first statement is an error.
+    // in insertion order, and `top` returns the rows that tie with the last one, too. Text behind
+    // the first statement is an error.
     bool OpenQuery(const std::string& sql, std::string& errorText, Recordset& recordset);
 
-  private:
-    struct Closer {
-        void operator()(sqlite3* database) const;
-    };
+    // The same with one value for each "?" of the text, in their order: for what repeats, since
+    // the statement is kept compiled, and for any text that comes from outside or was stored.
+    //   OpenQuery("update cphm set cqsx=? where kjqh=?", {order, issue}, errorText, recordset)
+    bool OpenQuery(const std::string& sql, const Values& values, std::string& errorText,
+                   Recordset& recordset);
 
-    std::unique_ptr<sqlite3, Closer> database_;
+    // Every statement fails with this text from now on; an empty text ends that. A WriteBatch so
+    // stops the run whose writes could not reach the disk.
+    void RefuseStatements(std::string text) { refusal_ = std::move(text); }
+    const std::string& refusal() const { return refusal_; }
+
+  private:
+    using Statement = std::unique_ptr<sqlite3_stmt, StoreCloser>;
+
+    // Nothing, with the fault as text, when the text is not one statement.
+    Statement Compile(const std::string& sql, std::string& errorText) const;
+    // Compiled before or now; null with the fault as text.
+    sqlite3_stmt* Kept(const std::string& sql, std::string& errorText);
+
+    std::unique_ptr<sqlite3, StoreCloser> database_;
+    std::unordered_map<std::string, Statement> kept_;  // ends before the database does
     std::string closedText_;
+    std::string refusal_;
 };
 
 }  // namespace ssq
