@@ -2,7 +2,10 @@
 
 #include <sqlite3.h>
 
+#include <array>
+#include <fstream>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "base/text.h"
@@ -89,17 +92,41 @@ int ReadRows(sqlite3_stmt* statement, Recordset& recordset) {
     return code;
 }
 
-// What is wrong with the file behind an open connection; empty when nothing is.
-std::string FindFault(sqlite3* database, const std::filesystem::path& file) {
-    std::error_code unreadable;
-    if (std::filesystem::file_size(file, unreadable) == 0) {
-        return sqlite3_errstr(SQLITE_NOTADB);
-    }
+constexpr const char* kNotOpened = "数据库打不开";
+
+// What keeps an existing file from being used.
+struct Fault {
+    std::string what;
+    std::string detail = {};  // the store's text
+    bool passes = false;      // another program holds the file for a while
+};
+
+Fault StoreFault(sqlite3* database) {
+    const int code = sqlite3_errcode(database);
+    const bool locked = code == SQLITE_BUSY || code == SQLITE_LOCKED;
+    return {locked ? "数据库正被其他程序使用" : kNotOpened, sqlite3_errmsg(database), locked};
+}
+
+// Files too short to have a header count as new ones to the store, which would fill them.
+bool HasHeader(const std::filesystem::path& file) {
+    constexpr std::string_view kMagic("SQLite format 3\0", 16);
+    std::array<char, kMagic.size()> start{};
+    std::ifstream stream(file, std::ios::binary);
+    return stream.read(start.data(), start.size()) &&
+           std::string_view(start.data(), start.size()) == kMagic;
+}
+
+std::optional<Fault> FindFault(sqlite3* database, const std::filesystem::path& file) {
+    if (!HasHeader(file)) return Fault{kNotOpened, sqlite3_errstr(SQLITE_NOTADB)};
     std::string_view rest;
     const Statement check = Prepare(database, "pragma quick_check(1)", rest);
-    if (!check || sqlite3_step(check.get()) != SQLITE_ROW) return sqlite3_errmsg(database);
+    if (!check || sqlite3_step(check.get()) != SQLITE_ROW) return StoreFault(database);
     const std::string verdict = ValueText(ReadColumn(check.get(), 0));
-    return verdict == "ok" ? std::string() : verdict;
+    if (verdict != "ok") return Fault{kNotOpened, verdict};
+    const Statement layout = Prepare(database, "pragma user_version", rest);
+    if (!layout || sqlite3_step(layout.get()) != SQLITE_ROW) return StoreFault(database);
+    if (sqlite3_column_int(layout.get(), 0) <= kDatabaseLayout) return std::nullopt;
+    return Fault{"数据库由更新版本的程序建立，请先升级本程序"};
 }
 
 }  // namespace
@@ -120,21 +147,31 @@ Connection::~Connection() {
 
 bool Connection::Open(const std::filesystem::path& file, std::string& errorText) {
     Close();
+    lockedFile_ = file;
+    if (TryOpen(kBusyWaitMs)) return true;
+    errorText = closedText_;
+    return false;
+}
+
+bool Connection::TryOpen(int waitMs) {
+    const std::filesystem::path file = std::exchange(lockedFile_, {});
+    std::error_code unreadable;
+    if (!std::filesystem::exists(file, unreadable)) {
+        closedText_ = "找不到数据库文件：" + file.string();
+        return false;
+    }
     sqlite3* raw = nullptr;
     const int code = sqlite3_open_v2(file.string().c_str(), &raw, SQLITE_OPEN_READWRITE, nullptr);
     std::unique_ptr<sqlite3, StoreCloser> database(raw);
-    std::string fault;
-    if (code != SQLITE_OK) {
-        fault = raw ? sqlite3_errmsg(raw) : sqlite3_errstr(code);
-    } else {
-        sqlite3_busy_timeout(raw, kBusyWaitMs);
-        fault = FindFault(raw, file);
-    }
-    if (!fault.empty()) {
-        closedText_ = file.string() + ": " + fault;
-        errorText = closedText_;
+    if (raw) sqlite3_busy_timeout(raw, waitMs);
+    const auto fault = code == SQLITE_OK ? FindFault(raw, file) : StoreFault(raw);
+    if (fault) {
+        if (fault->passes) lockedFile_ = file;
+        closedText_ = fault->what + "：" + file.string();
+        if (!fault->detail.empty()) closedText_ += "\r\n" + fault->detail;
         return false;
     }
+    sqlite3_busy_timeout(raw, kBusyWaitMs);
     // A file that cannot be written can still be read, so a refused journal mode is no fault.
     sqlite3_exec(raw, "pragma journal_mode=wal", nullptr, nullptr, nullptr);
     sqlite3_exec(raw, "pragma synchronous=full", nullptr, nullptr, nullptr);
@@ -151,6 +188,7 @@ void Connection::Close() {
         sqlite3_exec(database_.get(), "pragma journal_mode=delete", nullptr, nullptr, nullptr);
     }
     database_.reset();
+    lockedFile_.clear();
     closedText_ = kClosedText;
 }
 
@@ -189,6 +227,7 @@ bool Connection::OpenQuery(const std::string& sql, std::string& errorText, Recor
 bool Connection::OpenQuery(const std::string& sql, const Values& values, std::string& errorText,
                            Recordset& recordset) {
     recordset.Clear();
+    if (!lockedFile_.empty()) TryOpen(0);
     if (!database_ || !refusal_.empty()) {
         errorText = database_ ? refusal_ : closedText_;
         return false;

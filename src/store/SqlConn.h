@@ -13,6 +13,10 @@ struct sqlite3_stmt;
 
 namespace ssq {
 
+// The layout of the tables, kept as user_version. The maker of the delivered database writes it;
+// files from before it was written have 0.
+inline constexpr int kDatabaseLayout = 1;
+
 // Ends what the store gave out.
 struct StoreCloser {
     void operator()(sqlite3* database) const;
@@ -26,9 +30,10 @@ class Connection {
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    // Opens an existing database file; it is never created. False and the store's text when the
-    // file is missing, locked, damaged or no database; every later statement then fails with
-    // that text.
+    // Opens an existing database file; it is never created. False and a text, which ends with the
+    // store's own, when the file is missing, locked, damaged, of a newer layout or no database
+    // (which an empty one is not); every later statement then fails with that text. A file that
+    // is only locked is tried again at each statement.
     bool Open(const std::filesystem::path& file, std::string& errorText);
 
     // Commits what is open; every later statement fails with a text that says so.
@@ -60,6 +65,8 @@ class Connection {
   private:
     using Statement = std::unique_ptr<sqlite3_stmt, StoreCloser>;
 
+    // Waits up to `waitMs` while another program has locked the file.
+    bool TryOpen(int waitMs);
     // Nothing, with the fault as text, when the text is not one statement.
     Statement Compile(const std::string& sql, std::string& errorText) const;
     // Compiled before or now; null with the fault as text.
@@ -67,6 +74,7 @@ class Connection {
 
     std::unique_ptr<sqlite3, StoreCloser> database_;
     std::unordered_map<std::string, Statement> kept_;  // ends before the database does
+    std::filesystem::path lockedFile_;  // to be tried again
     std::string closedText_;
     std::string refusal_;
 };
