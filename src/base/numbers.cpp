@@ -1,5 +1,6 @@
 #include "base/numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -89,6 +90,33 @@ std::int64_t WholePart(double value) {
 
 std::int64_t WholePart(std::string_view text) {
     return WholePart(ParseNumber(text).value_or(0));
+}
+
+int ToInt(std::int64_t value) {
+    using Limits = std::numeric_limits<int>;
+    return static_cast<int>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
+}
+
+std::string NumberListText(std::span<const int> numbers) {
+    std::string text;
+    for (const int number : numbers) {
+        if (!text.empty()) text += ',';
+        text += std::to_string(number);
+    }
+    return text;
+}
+
+std::optional<std::vector<int>> ParseNumberList(std::string_view text, int low, int high) {
+    std::vector<int> numbers;
+    for (const std::string& item : Split(text, ",")) {
+        const auto value = ParseNumber(item);
+        if (!value || *value < low || *value > high || *value != std::trunc(*value)) {
+            return std::nullopt;
+        }
+        numbers.push_back(static_cast<int>(*value));
+    }
+    if (numbers.empty()) return std::nullopt;
+    return numbers;
 }
 
 double Round(double value) {

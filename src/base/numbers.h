@@ -3,8 +3,10 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ssq {
 
@@ -25,6 +27,14 @@ std::int64_t WholePart(std::string_view text);
 
 // The same of a number.
 std::int64_t WholePart(double value);
+
+// The value held to the range of an int.
+int ToInt(std::int64_t value);
+
+// Whole numbers as comma text without padding, such as 0,7,13, and back: nothing when an item is
+// no whole number from `low` to `high`, or there is none.
+std::string NumberListText(std::span<const int> numbers);
+std::optional<std::vector<int>> ParseNumberList(std::string_view text, int low, int high);
 
 // Two decimals, ties to the even digit.
 double Round(double value);

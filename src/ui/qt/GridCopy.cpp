@@ -21,8 +21,4 @@ void CopySelectionAsCondition(const GridView& view) {
     PutOnClipboard(SelectionConditions(view.grid()));
 }
 
-void CopyKillConditions(const GridView& view, int groups) {
-    PutOnClipboard(KillConditions(view.grid(), groups));
-}
-
 }  // namespace ssq

@@ -9,10 +9,8 @@ class GridView;
 
 void PutOnClipboard(const std::string& text);
 
-// The selection as comma text (SelectionText), as conditions (SelectionConditions) and the kill
-// groups of the selected row (KillConditions).
+// The selection as comma text (SelectionText) and as conditions (SelectionConditions).
 void CopySelection(const GridView& view);
 void CopySelectionAsCondition(const GridView& view);
-void CopyKillConditions(const GridView& view, int groups);
 
 }  // namespace ssq

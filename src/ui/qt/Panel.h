@@ -24,7 +24,7 @@ class PanelRuns {
     struct Controls {
         ProgressStrip* strip = nullptr;  // shown from the run's first progress on
         QPushButton* button = nullptr;   // disabled
-        QString busyCaption;             // of the button; empty leaves its own
+        QString busyCaption = {};        // of the button; empty leaves its own
         // A failed run leaves the button as it is, until the panel is opened anew.
         bool staysAfterFailure = false;
     };
