@@ -1,9 +1,10 @@
 // panel_driver FOLDER: the real program on the given folder, driven by one JSON object per line.
-#include <QApplication>
 #include <cstdio>
 
 #include "Driver.h"
 #include "ScriptDesktop.h"
+#include "app/Application.h"
+#include "app/OneProgram.h"
 #include "app/Program.h"
 #include "ui/qt/look.h"
 
@@ -20,14 +21,20 @@ void Print(QtMsgType, const QMessageLogContext&, const QString& text) {
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(Print);
-    QApplication application(argc, argv);
+    ssq::Application application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 2) {
         std::fputs("usage: panel_driver FOLDER\n", stderr);
         return 2;
     }
     ssq::ApplyLook(application);
+    const ssq::OneProgram one(arguments[1].toStdString());
+    if (!one.isFirst()) {
+        std::fputs("panel_driver: a program is running on this folder already\n", stderr);
+        return 1;
+    }
     ssq::ScriptDesktop desktop;
+    application.onFault = [&desktop](const QString& text) { desktop.ShowBox({}, text); };
     ssq::Program program(desktop, arguments[1].toStdString());
     ssq::Driver driver(program, desktop);
     program.Start();

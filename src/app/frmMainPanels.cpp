@@ -8,6 +8,7 @@
 #include "charts/frmZST.h"
 #include "history/frmHistory.h"
 #include "kill/frmSHAMA.h"
+#include "ui/qt/form.h"
 #include "workbench/frmShaHao.h"
 
 namespace ssq {
@@ -56,10 +57,7 @@ bool PanelRegistry::Knows(const QString& name) {
 void PanelRegistry::Open(const QString& name) {
     QPointer<Panel>& panel = open_[name];
     if (!panel || panel->isClosed()) panel = Panels().at(name)(context_, &owner_);
-    if (panel->isMinimized()) panel->setWindowState(panel->windowState() & ~Qt::WindowMinimized);
-    panel->show();
-    panel->raise();
-    panel->activateWindow();
+    BringUp(*panel);
 }
 
 void PanelRegistry::RunDialog(const QString& name) {

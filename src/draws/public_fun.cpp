@@ -68,8 +68,8 @@ std::int32_t NextIssue(Session& session, const std::string& issue) {
     Recordset rows;
     if (!QueryOrTell(session, "select kjdate from cphm where kjqh=" + issue, rows)) return 0;
     const auto drawn = ParseDate(rows.Text(0));
-    if (rows.eof() || !drawn) {
-        session.host.ShowMessage("没有" + issue + "期的开奖日期！");
+    if (!drawn) {
+        session.host.ShowMessage(rows.eof() ? "期号填写错误！" : "没有" + issue + "期的开奖日期！");
         return 0;
     }
     const Date reached = AddDays(*drawn, StepAfter(Weekday(*drawn)));
