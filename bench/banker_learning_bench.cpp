@@ -67,8 +67,8 @@ int main(int argc, char**) {
     ssq::TestDatabase database = ssq::TestDatabase::Delivered();
     std::vector<std::string> texts;
     std::vector<ssq::DrawBalls> balls;
-    for (const ssq::Draw& draw :
-         *ssq::ReadDrawsUpTo(database.session(), "9999999", kLearningDraws + 5)) {
+    const auto draws = ssq::ReadDrawsUpTo(database.session(), "9999999", kLearningDraws + 5);
+    for (const ssq::Draw& draw : draws.value()) {
         texts.push_back(draw.reds);
         balls.push_back(draw.balls);
     }

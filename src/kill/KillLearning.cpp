@@ -62,7 +62,9 @@ KillSearchResult Search(const HitMatrix& matrix, const KillSettings& settings, R
 KillLearnResult KillLearn(Session& session, const std::string& endIssue, Run& run) {
     if (!CheckPeriod(session, {endIssue, endIssue})) return {};
     run.Tell("准备数据中，首次运行较慢");
-    if (!EnsureEdgeTable(session)) return Refuse(session, "汇总数据出错！");
+    const bool isReady = EnsureEdgeTable(session);
+    if (!run.goesOn()) return {};
+    if (!isReady) return Refuse(session, "汇总数据出错！");
     const std::optional<KillSettings> settings = ReadKillSettings(session);
     if (!settings) return Refuse(session, "读取参数出错！");
     const std::optional<HitMatrix> matrix = ReadMatrix(session, endIssue, settings->xxqs);

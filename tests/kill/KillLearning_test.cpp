@@ -57,7 +57,8 @@ TEST_F(KillLearningTest, StoresAndLogsTheBestFormula) {
 
     // Once more from the draws, without the table of hit counts.
     std::vector<RedSet> before;
-    for (const Draw& draw : *ReadDrawsUpTo(session, "2020050", 20)) before.push_back(draw.set);
+    const auto draws = ReadDrawsUpTo(session, "2020050", 20);
+    for (const Draw& draw : draws.value()) before.push_back(draw.set);
     const auto [finished, formulas, found] =
         FindBestKillSet(HitsOf(before, 10), {2, 1, 10}, [](std::int64_t) { return true; });
     const std::string best = NumberListText(formulas);
