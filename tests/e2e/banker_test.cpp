@@ -153,7 +153,7 @@ TEST_F(BankerRoad, ChecksTheSettings) {
 TEST_F(BankerRoad, RestoresARecord) {
     SetSettings("20", 3);
     driver.Menu("m_xuexi");
-    const QJsonArray learned = Rows("select top 3 gs,rate from trate order by rate desc");
+    const QJsonArray learned = Rows("select gs,rate from trate order by rate desc limit 3");
     SetSettings("50", 3);
     driver.Menu("m_xuexi");
 
