@@ -16,6 +16,7 @@
 #include "stats/frmHongHaomaGens.h"
 #include "stats/frmJianGe.h"
 #include "stats/frmLengRe.h"
+#include "ui/qt/form.h"
 #include "workbench/frmShaHao.h"
 #include "wrap/frm18MaWeiHong.h"
 #include "wrap/frmWeiLan.h"
@@ -79,10 +80,7 @@ bool PanelRegistry::Knows(const QString& name) {
 void PanelRegistry::Open(const QString& name) {
     QPointer<Panel>& panel = open_[name];
     if (!panel || panel->isClosed()) panel = Panels().at(name)(context_, &owner_);
-    if (panel->isMinimized()) panel->setWindowState(panel->windowState() & ~Qt::WindowMinimized);
-    panel->show();
-    panel->raise();
-    panel->activateWindow();
+    BringUp(*panel);
 }
 
 void PanelRegistry::RunDialog(const QString& name) {
