@@ -1,14 +1,11 @@
 #include "acquire/getWWW.h"
 
 #include <curl/curl.h>
-#include <iconv.h>
 
-#include <array>
-#include <cerrno>
-#include <cstdint>
 #include <memory>
 
 #include "base/Regex.h"
+#include "base/charset.h"
 #include "base/text.h"
 #include "ui/Host.h"
 
@@ -16,7 +13,6 @@ namespace ssq {
 
 namespace {
 
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD
 constexpr long kMostRedirects = 10;
 
 struct Body {
@@ -75,32 +71,6 @@ bool DeclaresUtf8(std::string_view body, std::string_view contentType) {
     return false;
 }
 
-// Converts to UTF-8; what is no character of `charset` becomes U+FFFD, byte by byte, and is
-// counted in `faults`.
-std::string Convert(const char* charset, std::string_view bytes, std::size_t& faults) {
-    const iconv_t raw = iconv_open("UTF-8", charset);
-    if (reinterpret_cast<std::intptr_t>(raw) == -1) return {};
-    const std::unique_ptr<void, decltype(&iconv_close)> converter(raw, &iconv_close);
-    std::string text;
-    std::array<char, 8192> buffer{};
-    char* in = const_cast<char*>(bytes.data());  // iconv only reads it
-    std::size_t left = bytes.size();
-    while (left > 0) {
-        char* out = buffer.data();
-        std::size_t room = buffer.size();
-        const std::size_t done = iconv(raw, &in, &left, &out, &room);
-        const int error = errno;
-        text.append(buffer.data(), out);
-        if (done == static_cast<std::size_t>(-1) && error != E2BIG) {
-            text += kReplacement;
-            ++faults;
-            ++in;
-            --left;
-        }
-    }
-    return text;
-}
-
 }  // namespace
 
 std::string FetchPage(Host& host, const std::string& url, const FetchOptions& options) {
@@ -119,10 +89,10 @@ std::string FetchPage(Host& host, const std::string& url, const FetchOptions& op
 std::string DecodePage(std::string_view body, std::string_view contentType) {
     std::size_t faults = 0;
     if (DeclaresUtf8(body, contentType)) {
-        std::string text = Convert("UTF-8", body, faults);
+        std::string text = DecodeUtf8(body, faults);
         if (faults == 0) return text;
     }
-    return Convert("GB18030", body, faults);
+    return DecodeGbk(body, faults);
 }
 
 std::string CutBetween(Host& host, std::string_view startMark, std::string_view endMark,
