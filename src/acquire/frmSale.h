@@ -1,30 +1,19 @@
-// The online sales panel.
+// The table of online sales.
 #pragma once
 
-#include <QWidget>
-
-#include "ui/qt/PanelContext.h"
-
-class QPushButton;
+#include "ui/qt/RangePanel.h"
 
 namespace ssq {
 
-class GridView;
-class IssueCombo;
-
-class frmSale final : public QWidget {
+class frmSale final : public RangePanel {
   public:
-    frmSale(const PanelContext& context, QWidget* parent);
+    explicit frmSale(const PanelContext& context, QWidget* parent = nullptr);
 
   private:
-    void Query();
-    void Update();
+    bool Query();
+    bool Update();
 
-    PanelContext context_;
-    IssueCombo* start_ = nullptr;
-    IssueCombo* end_ = nullptr;
-    QPushButton* update_ = nullptr;
-    GridView* vs1_ = nullptr;
+    QPushButton* update_;
 };
 
 }  // namespace ssq

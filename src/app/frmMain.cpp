@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QBoxLayout>
 #include <QCloseEvent>
-#include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenuBar>
@@ -29,7 +28,7 @@
 namespace ssq {
 
 frmMain::frmMain(const PanelContext& context)
-    : context_(context), panels_(std::make_unique<PanelRegistry>(context)) {
+    : context_(context), panels_(std::make_unique<PanelRegistry>(context, *this)) {
     BuildControls();
     BuildMenus();
     Load();
@@ -92,13 +91,9 @@ void frmMain::AddEntry(QMenu& menu, const MenuEntry& entry) {
 void frmMain::Run(const MenuEntry& entry) {
     const QString argument = QString::fromUtf8(entry.argument);
     switch (entry.action) {
-        case MenuAction::kOpenPanel: {
-            QWidget& panel = panels_->Get(argument);
-            panel.show();
-            panel.raise();
-            panel.activateWindow();
+        case MenuAction::kOpenPanel:
+            panels_->Open(argument);
             return;
-        }
         case MenuAction::kOpenDialog:
             OpenDialog(argument);
             return;
@@ -160,14 +155,17 @@ void frmMain::UpdateDrawsOfWindow() {
     if (!UpdateDraws(context_.session)) return;
     ShowLatestIssue();
     RefillCombos();
+    panels_->TakeNewDraws();
 }
 
 void frmMain::RefillCombos() {
-    FillIssueCombos(context_, *start_, *end_, false);
+    FillIssueCombos(context_, *start_, *end_, kStartAtLearning);
 }
 
 void frmMain::OpenDialog(const QString& panel) {
-    panels_->MakeDialog(panel, this)->exec();
+    panels_->RunDialog(panel);
+    // The settings may have changed.
+    SetStatusPanel(LearningModeText(context_.session), 2);
 }
 
 void frmMain::Learn() {

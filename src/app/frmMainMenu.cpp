@@ -81,26 +81,7 @@ constexpr std::array kBar = {
     TopEntry{"m_about", " 关于软件", kAbout},
 };
 
-constexpr std::array kTrendChartPopup = {
-    PopupEntry{"m_hide_zst", "隐藏走势图", PopupAction::kHideNumbers},
-    PopupEntry{"m_disp_zst", "显示走势图", PopupAction::kShowNumbers},
-};
-
-constexpr std::array kKillPopup = {
-    PopupEntry{"m_smfuzi", "复制选中的号码", PopupAction::kCopySelection},
-    PopupEntry{"shama_tiaojiangeshi", "复制成条件格式", PopupAction::kCopyKillConditions},
-};
-
-constexpr std::array kPopups = {
-    PopupMenu{"Menu_hide_vs_zst", "表格", "frmZST", kTrendChartPopup},
-    PopupMenu{"shama_bgfz", "杀码表格复制", "frmSHAMA", kKillPopup},
-};
-
 }  // namespace
-
-std::span<const PopupMenu> PopupMenus() {
-    return kPopups;
-}
 
 std::span<const TopEntry> MenuBarEntries() {
     return kBar;

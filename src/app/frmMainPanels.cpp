@@ -3,7 +3,6 @@
 #include <QDialog>
 
 #include "acquire/frmSale.h"
-#include "app/frmMainPopups.h"
 #include "banker/frmXUEXI.h"
 #include "banker/frmxxjl.h"
 #include "charts/frmZST.h"
@@ -15,48 +14,63 @@ namespace ssq {
 
 namespace {
 
-using MakePanel = std::unique_ptr<QWidget> (*)(const PanelContext&, QWidget* parent);
+template <typename Window>
+using Make = Window* (*)(const PanelContext&, QWidget* owner);
 
-template <typename Panel>
-std::unique_ptr<QWidget> Make(const PanelContext& context, QWidget* parent) {
-    return std::make_unique<Panel>(context, parent);
+template <typename Kind, typename Window>
+Window* New(const PanelContext& context, QWidget* owner) {
+    return new Kind(context, owner);
 }
 
-const std::map<QString, MakePanel>& Makers() {
-    static const std::map<QString, MakePanel> kMakers = {
-        {QStringLiteral("frmHistory"), Make<frmHistory>},
-        {QStringLiteral("frmSale"), Make<frmSale>},
-        {QStringLiteral("frmSHAMA"), Make<frmSHAMA>},
-        {QStringLiteral("frmShaHao"), Make<frmShaHao>},
-        {QStringLiteral("frmXUEXI"), Make<frmXUEXI>},
-        {QStringLiteral("frmZST"), Make<frmZST>},
-        {QStringLiteral("frmxxjl"), Make<frmxxjl>},
+template <typename Kind>
+std::pair<const QString, Make<Panel>> Modeless(const char* name) {
+    return {QString::fromUtf8(name), New<Kind, Panel>};
+}
+
+const std::map<QString, Make<Panel>>& Panels() {
+    static const std::map<QString, Make<Panel>> kPanels = {
+        Modeless<frmHistory>("frmHistory"), Modeless<frmSHAMA>("frmSHAMA"),
+        Modeless<frmSale>("frmSale"),       Modeless<frmShaHao>("frmShaHao"),
+        Modeless<frmZST>("frmZST"),
     };
-    return kMakers;
+    return kPanels;
+}
+
+const std::map<QString, Make<QDialog>>& Dialogs() {
+    static const std::map<QString, Make<QDialog>> kDialogs = {
+        {QStringLiteral("frmXUEXI"), New<frmXUEXI, QDialog>},
+        {QStringLiteral("frmxxjl"), New<frmxxjl, QDialog>},
+    };
+    return kDialogs;
 }
 
 }  // namespace
 
-PanelRegistry::PanelRegistry(const PanelContext& context) : context_(context) {}
-
-PanelRegistry::~PanelRegistry() = default;
+PanelRegistry::PanelRegistry(const PanelContext& context, QWidget& owner)
+    : context_(context), owner_(owner) {}
 
 bool PanelRegistry::Knows(const QString& name) {
-    return Makers().contains(name);
+    return Panels().contains(name) || Dialogs().contains(name);
 }
 
-QWidget& PanelRegistry::Get(const QString& name) {
-    std::unique_ptr<QWidget>& panel = open_[name];
-    if (!panel) {
-        panel = Makers().at(name)(context_, nullptr);
-        AttachPopup(context_, *panel);
+void PanelRegistry::Open(const QString& name) {
+    QPointer<Panel>& panel = open_[name];
+    if (!panel || panel->isClosed()) panel = Panels().at(name)(context_, &owner_);
+    if (panel->isMinimized()) panel->setWindowState(panel->windowState() & ~Qt::WindowMinimized);
+    panel->show();
+    panel->raise();
+    panel->activateWindow();
+}
+
+void PanelRegistry::RunDialog(const QString& name) {
+    const std::unique_ptr<QDialog> dialog(Dialogs().at(name)(context_, &owner_));
+    dialog->exec();
+}
+
+void PanelRegistry::TakeNewDraws() {
+    for (const auto& [name, panel] : open_) {
+        if (panel && !panel->isClosed()) panel->TakeNewDraws();
     }
-    return *panel;
-}
-
-std::unique_ptr<QDialog> PanelRegistry::MakeDialog(const QString& name, QWidget* parent) const {
-    std::unique_ptr<QWidget> panel = Makers().at(name)(context_, parent);
-    return std::unique_ptr<QDialog>(static_cast<QDialog*>(panel.release()));
 }
 
 }  // namespace ssq

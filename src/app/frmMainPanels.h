@@ -1,6 +1,7 @@
-// The panels that the menu opens: one instance of each, made on first use.
+// The panels that the menu opens: one instance of each modeless one at a time.
 #pragma once
 
+#include <QPointer>
 #include <QString>
 #include <map>
 #include <memory>
@@ -12,23 +13,29 @@ class QWidget;
 
 namespace ssq {
 
+class Panel;
+
 class PanelRegistry {
   public:
-    explicit PanelRegistry(const PanelContext& context);
-    ~PanelRegistry();
+    // The windows of all panels belong to `owner`, so that it does not hide them.
+    PanelRegistry(const PanelContext& context, QWidget& owner);
 
     // Whether this build has the panel.
     static bool Knows(const QString& name);
 
-    // The one instance of a modeless panel.
-    QWidget& Get(const QString& name);
+    // Brings up the open panel of that name, or makes it.
+    void Open(const QString& name);
 
-    // A new modal panel, as its load step fills it anew each time.
-    std::unique_ptr<QDialog> MakeDialog(const QString& name, QWidget* parent) const;
+    // Shows a modal panel and returns when it is closed.
+    void RunDialog(const QString& name);
+
+    // Tells the open panels that there are new draws.
+    void TakeNewDraws();
 
   private:
     PanelContext context_;
-    std::map<QString, std::unique_ptr<QWidget>> open_;
+    QWidget& owner_;
+    std::map<QString, QPointer<Panel>> open_;
 };
 
 }  // namespace ssq

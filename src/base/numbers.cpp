@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 #include <string>
 
@@ -45,10 +46,14 @@ std::size_t NumberLength(std::string_view text, bool groups) {
     return at;
 }
 
+// The value of a text of the form above; infinite beyond the range of a double, 0 for an empty one.
 double ToDouble(std::string_view number) {
     if (!number.empty() && number.front() == '+') number.remove_prefix(1);
     double value = 0;
-    std::from_chars(number.data(), number.data() + number.size(), value);
+    const auto [end, fault] = std::from_chars(number.data(), number.data() + number.size(), value);
+    // from_chars tells "too large" and "too small" alike.
+    if (fault == std::errc::result_out_of_range)
+        return std::strtod(std::string(number).c_str(), nullptr);
     return value;
 }
 
@@ -59,7 +64,8 @@ double Val(std::string_view text) {
     for (const char c : text) {
         if (c != ' ' && c != '\t' && c != '\r' && c != '\n') packed += c;
     }
-    return ToDouble(std::string_view(packed).substr(0, NumberLength(packed, false)));
+    const double value = ToDouble(std::string_view(packed).substr(0, NumberLength(packed, false)));
+    return std::isfinite(value) ? value : 0;
 }
 
 std::optional<double> ParseNumber(std::string_view text) {
@@ -75,6 +81,7 @@ bool IsNumeric(std::string_view text) {
 
 std::int64_t WholePart(double value) {
     constexpr double kLimit = 9.2e18;
+    if (std::isnan(value)) return 0;
     if (value >= kLimit) return std::numeric_limits<std::int64_t>::max();
     if (value <= -kLimit) return std::numeric_limits<std::int64_t>::min();
     return static_cast<std::int64_t>(value);
@@ -90,6 +97,10 @@ double Round(double value) {
 
 double Percent(double part, double whole) {
     return Round(part / whole * 100);
+}
+
+std::string RateText(double part, double whole) {
+    return NumberText(Percent(part, whole));
 }
 
 std::string NumberText(double value) {

@@ -8,11 +8,13 @@
 
 namespace ssq {
 
-// The leading number of a text (blanks skipped); 0 where there is none.
+// The leading number of a text (blanks skipped); 0 where there is none, and where it is beyond the
+// range of a double.
 double Val(std::string_view text);
 
 // The value of a text that is one number as a whole: sign, digit groups ("1,234,567"), decimals
-// and exponent are allowed, blanks around it too. Empty when it is not one.
+// and exponent are allowed, blanks around it too. Empty when it is not one, and
+// when it is beyond the range of a double.
 std::optional<double> ParseNumber(std::string_view text);
 
 bool IsNumeric(std::string_view text);
@@ -29,6 +31,9 @@ double Round(double value);
 
 // Round(part / whole * 100).
 double Percent(double part, double whole);
+
+// Percent as cell text; "-" where `whole` is 0.
+std::string RateText(double part, double whole);
 
 // How a number becomes the text of a cell: shortest form without trailing zeros and without an
 // exponent in ordinary sizes; "-" for what is not finite (a rate over nothing).

@@ -1,33 +1,22 @@
-// The red-ball trend chart with rows to pick the next draw's numbers in.
+// The main trend chart's panel.
 #pragma once
 
-#include <QWidget>
 #include <string>
 
-#include "ui/qt/PanelContext.h"
+#include "ui/qt/RangePanel.h"
 
 class QComboBox;
-class QGroupBox;
 
 namespace ssq {
 
-class GridView;
-class IssueCombo;
-
-class frmZST final : public QWidget {
+class frmZST final : public RangePanel {
   public:
     explicit frmZST(const PanelContext& context, QWidget* parent = nullptr);
 
   private:
-    void Analyse();
-    void Export();
+    bool Analyse();
 
-    PanelContext context_;
-    IssueCombo* cboSdate_;
-    IssueCombo* cboEdate_;
     QComboBox* cboZtype_;
-    QGroupBox* results_;
-    GridView* vs1_;
     std::string pickRowList_;
 };
 

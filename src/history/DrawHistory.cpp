@@ -6,6 +6,7 @@
 #include "draws/queries.h"
 #include "store/SqlConn.h"
 #include "ui/Host.h"
+#include "ui/palette.h"
 
 namespace ssq {
 
@@ -19,7 +20,6 @@ constexpr int kReturnRatio = 8;
 // From here on a value is marked: 200 million yuan in the pool, half of the stakes returned.
 constexpr double kLargePool = 200'000'000;
 constexpr double kLargeRatio = 50;
-constexpr Rgb kMark{0xBB, 0xDF, 0xE6};
 
 // A number as it was understood, since the store knows no digit groups.
 std::string SqlNumber(std::string_view text) {
@@ -61,7 +61,7 @@ std::string CellText(const Recordset& draws, int col) {
 
 // A null marks nothing.
 void MarkFrom(const Recordset& draws, int col, double limit, int row, ResultGrid& grid) {
-    if (!draws.IsNull(col) && draws.Number(col) >= limit) grid.SetBack(row, col, kMark);
+    if (!draws.IsNull(col) && draws.Number(col) >= limit) grid.SetBack(row, col, kSkyMark);
 }
 
 }  // namespace
@@ -95,16 +95,15 @@ ResultGrid HistoryGrid(Recordset& draws) {
     return grid;
 }
 
-bool ShowHistory(Session& session, const HistoryRequest& request, ResultGrid& grid) {
+std::optional<GridReport> ShowHistory(Session& session, const HistoryRequest& request) {
     Recordset draws;
     if (!CheckFilter(session.host, request.pool, "奖池额") ||
         !CheckFilter(session.host, request.firstPrizes, "一等注数") ||
         !CheckPeriod(session, request.range) ||
         !QueryOrTell(session, HistoryQuery(request), draws)) {
-        return false;
+        return std::nullopt;
     }
-    grid = HistoryGrid(draws);
-    return true;
+    return GridReport{HistoryGrid(draws), {}};
 }
 
 }  // namespace ssq

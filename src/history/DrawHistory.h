@@ -1,11 +1,12 @@
 // The draws of a range with their prize details, as the view cpInfo gives them.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "draws/public_fun.h"
-#include "ui/ResultGrid.h"
+#include "ui/ColumnTable.h"
 
 namespace ssq {
 
@@ -34,7 +35,7 @@ bool CheckNumberRange(Host& host, std::string_view fromText, std::string_view to
 // One row to a draw, the columns those of the query.
 ResultGrid HistoryGrid(Recordset& draws);
 
-// Checks the request and runs it. False after telling the user; `grid` is then untouched.
-bool ShowHistory(Session& session, const HistoryRequest& request, ResultGrid& grid);
+// Checks the request and runs it; nothing after telling the user why not.
+std::optional<GridReport> ShowHistory(Session& session, const HistoryRequest& request);
 
 }  // namespace ssq

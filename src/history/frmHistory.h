@@ -1,21 +1,15 @@
-// The draw history: a browser of draws and their prize details.
+// The browser of the draw history.
 #pragma once
 
-#include <QWidget>
-
 #include "history/DrawHistory.h"
-#include "ui/qt/PanelContext.h"
+#include "ui/qt/RangePanel.h"
 
 class QCheckBox;
-class QHBoxLayout;
 class QLineEdit;
 
 namespace ssq {
 
-class GridView;
-class IssueCombo;
-
-class frmHistory final : public QWidget {
+class frmHistory final : public RangePanel {
   public:
     explicit frmHistory(const PanelContext& context, QWidget* parent = nullptr);
 
@@ -28,16 +22,12 @@ class frmHistory final : public QWidget {
         NumberFilter Read() const;
     };
 
-    static FilterControls AddFilter(QHBoxLayout* row, const char* name, const QString& caption,
-                                    const char* fromName, const char* toName);
-    void Query();
+    FilterControls AddFilter(const char* name, const QString& caption, const char* fromName,
+                             const char* toName);
+    bool Query();
 
-    PanelContext context_;
-    IssueCombo* start_;
-    IssueCombo* end_;
     FilterControls pool_;
     FilterControls firstPrizes_;
-    GridView* vs1_;
 };
 
 }  // namespace ssq

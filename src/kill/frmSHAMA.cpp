@@ -3,7 +3,7 @@
 #include <QBoxLayout>
 #include <QGroupBox>
 #include <QPushButton>
-#include <QShowEvent>
+#include <cmath>
 
 #include "draws/Public_var.h"
 #include "kill/KillLearning.h"
@@ -11,6 +11,7 @@
 #include "kill/KillSettings.h"
 #include "kill/frmSHAMAxuexi.h"
 #include "kill/frmSHAMAxxjl.h"
+#include "ui/qt/GridCopy.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
 #include "ui/qt/ProgressStrip.h"
@@ -22,11 +23,17 @@ namespace {
 
 constexpr int kPeriodWithoutSettings = 60;
 
+// Six columns belong to a group, behind two for the draw and before two for the verdict. Counted
+// from 0.
+int LastKillGroup(const ResultGrid& grid) {
+    return static_cast<int>(std::lround((grid.cols() - 4) / 6.0 - 1));
+}
+
 }  // namespace
 
 frmSHAMA::frmSHAMA(const PanelContext& context, QWidget* parent)
-    : QWidget(parent), context_(context) {
-    auto* column = SetUpPanel(*this, "frmSHAMA", QStringLiteral("杀码推荐"), 1120, 680);
+    : Panel(context, parent, {"frmSHAMA", "杀码推荐", 1120, 680}) {
+    auto* column = new QVBoxLayout(this);
     auto* query = AddRow(column);
     start_ = AddIssueCombo(query, "cboSdate", QStringLiteral("开始期号:"));
     end_ = AddIssueCombo(query, "cboEdate", QStringLiteral("结束期号:"));
@@ -40,20 +47,17 @@ frmSHAMA::frmSHAMA(const PanelContext& context, QWidget* parent)
     resultGroup_ =
         AddGroup(column, "Frame2", QStringLiteral("杀码统计结果(注意：概率降低请重新学习)"));
     vs1_ = AddGrid(resultGroup_, "vs1");
+    SetPopup(context, *vs1_, "shama_bgfz", "杀码表格复制",
+             {{"m_smfuzi", "复制选中的号码", [this] { CopySelection(*vs1_); }},
+              {"shama_tiaojiangeshi", "复制成条件格式",
+               [this] { CopyKillConditions(*vs1_, LastKillGroup(vs1_->grid())); }}});
     Load();
 }
 
 void frmSHAMA::Load() {
-    FillIssueCombos(context_, *start_, *end_, false);
+    FillIssueCombos(context(), *start_, *end_, kStartAtLearning);
     TakePeriod(kPeriodWithoutSettings);
-    if (const auto settings = ReadKillSettingsOrTell(context_.session)) TakePeriod(settings->xxqs);
-}
-
-// A run that ended with too few draws leaves strip and button as they are until the panel has
-// been closed.
-void frmSHAMA::showEvent(QShowEvent* event) {
-    if (!event->spontaneous() && !learning_) Release();
-    QWidget::showEvent(event);
+    if (const auto settings = ReadKillSettingsOrTell(session())) TakePeriod(settings->xxqs);
 }
 
 // The start becomes the oldest of the `periods` draws that end with the end issue.
@@ -69,17 +73,16 @@ void frmSHAMA::CallCommand1(const std::string& endIssue, int periods) {
 
 void frmSHAMA::Recommend() {
     KillRecommendation result;
-    if (!KillRecommend(context_.session, RangeOf(*start_, *end_), result)) return;
+    if (!KillRecommend(session(), RangeOf(*start_, *end_), result)) return;
     resultGroup_->setTitle(Qs(result.caption));
     vs1_->SetGrid(std::move(result.grid));
     vs1_->scrollToBottom();  // the forecast stands below the draws
 }
 
 void frmSHAMA::Learn() {
-    if (frmSHAMAxuexi(context_, this).exec() != QDialog::Accepted) return;
-    Session& session = context_.session;
+    if (frmSHAMAxuexi(context(), this).exec() != QDialog::Accepted) return;
     const std::string endIssue = end_->issue();
-    if (!CheckPeriod(session, {endIssue, endIssue})) return;
+    if (!CheckPeriod(session(), {endIssue, endIssue})) return;
 
     learning_ = true;
     progress_->Begin();
@@ -87,9 +90,9 @@ void frmSHAMA::Learn() {
     const KillLearnView view{[this](const std::string& text) { progress_->Tell(text); },
                              [this](const std::string& percent) { progress_->Set(percent); },
                              [this] { Release(); }};
-    const KillLearnResult result = KillLearn(session, endIssue, view);
+    const KillLearnResult result = KillLearn(session(), endIssue, view);
     learning_ = false;
-    if (session.host.stopping() || result.outcome == KillLearnOutcome::kFailed) return;
+    if (session().host.stopping() || result.outcome == KillLearnOutcome::kFailed) return;
     if (result.outcome == KillLearnOutcome::kLearned) TakePeriod(result.xxqs);
     Recommend();
 }
@@ -101,7 +104,7 @@ void frmSHAMA::Release() {
 
 void frmSHAMA::ShowRecords() {
     frmSHAMAxxjl(
-        context_,
+        context(),
         [this](const std::string& endIssue, int periods) { CallCommand1(endIssue, periods); }, this)
         .exec();
 }

@@ -1,10 +1,9 @@
 // Kill recommendation: the front panel of kill learning.
 #pragma once
 
-#include <QWidget>
 #include <string>
 
-#include "ui/qt/PanelContext.h"
+#include "ui/qt/Panel.h"
 
 class QGroupBox;
 class QPushButton;
@@ -15,7 +14,7 @@ class GridView;
 class IssueCombo;
 class ProgressStrip;
 
-class frmSHAMA final : public QWidget {
+class frmSHAMA final : public Panel {
   public:
     explicit frmSHAMA(const PanelContext& context, QWidget* parent = nullptr);
 
@@ -23,8 +22,6 @@ class frmSHAMA final : public QWidget {
     void CallCommand1(const std::string& endIssue, int periods);
 
   protected:
-    void showEvent(QShowEvent* event) override;
-
   private:
     void Load();
     void TakePeriod(int periods);
@@ -33,7 +30,6 @@ class frmSHAMA final : public QWidget {
     void Release();
     void ShowRecords();
 
-    PanelContext context_;
     IssueCombo* start_;
     IssueCombo* end_;
     QPushButton* learnButton_;

@@ -35,9 +35,13 @@ void Host::ShowBox(const std::string& title, const std::string& text) {
     Interrupt([&] { DoShowBox(title, text); });
 }
 
+bool Host::IsPumpDue() const {
+    return !stopping_ && NowNs() - lastPumpNs_ >= kPumpIntervalNs;
+}
+
 void Host::LookAtClock() {
     yieldsSinceLook_ = 0;
-    if (stopping_ || NowNs() - lastPumpNs_ < kPumpIntervalNs) return;
+    if (!IsPumpDue()) return;
     Interrupt([&] { DoPump(); });
 }
 

@@ -48,6 +48,9 @@ class Host {
         return !stopping_;
     }
 
+    // Whether the next look at the clock would hand control over.
+    bool IsPumpDue() const;
+
     // From now on Yield answers false and no box appears.
     void Stop() { stopping_ = true; }
     bool stopping() const { return stopping_; }

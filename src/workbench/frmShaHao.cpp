@@ -52,11 +52,11 @@ QComboBox* AddFreeCombo(QBoxLayout* row, const char* name, const char* label,
 }  // namespace
 
 frmShaHao::frmShaHao(const PanelContext& context, QWidget* parent)
-    : QWidget(parent), context_(context) {
-    auto* column = SetUpPanel(*this, "frmShaHao", QStringLiteral("公式胆杀--胆杀利器"), 1100, 720);
+    : Panel(context, parent, {"frmShaHao", "公式胆杀--胆杀利器", 1100, 720}) {
+    auto* column = new QVBoxLayout(this);
     BuildInputs(column);
     BuildTabs(column);
-    FillIssueCombo(context_, *cboEdate_);
+    FillIssueCombo(this->context(), *cboEdate_);
     ShowOnly(kResultsTab);
 }
 
@@ -157,11 +157,11 @@ void frmShaHao::RaisePopup(GridView& view, const QPoint& place) {
     }
     AddEntry(menu, &view == vs1_ ? "gs_ylsx" : "gs1_ylsx", QStringLiteral("遗漏筛选"),
              [this] { ShowOmissionScreen(); });
-    context_.desktop.RaisePopup(menu, place);
+    this->context().desktop.RaisePopup(menu, place);
 }
 
 void frmShaHao::ShowOmissionScreen() {
-    if (!omissionScreen_) omissionScreen_ = std::make_unique<frmShaHaoYLSX>(context_, *this);
+    if (!omissionScreen_) omissionScreen_ = std::make_unique<frmShaHaoYLSX>(this->context(), *this);
     omissionScreen_->Open();
 }
 
@@ -181,14 +181,14 @@ void frmShaHao::FormulaStatistics() {
     vs1_->SetGrid({});
     vs2_->SetGrid({});
     SelectTab(kResultsTab);
-    if (!PrepareFormulaStatistics(context_.session)) return;
+    if (!PrepareFormulaStatistics(session())) return;
 
     const FormulaCondition condition{cboWhere_->currentText().toStdString(),
                                      cboNum_->currentText().toInt()};
     FormulaStatisticsResult result;
     progress_->Begin();
     ssq::FormulaStatistics(
-        context_.session, condition, endIssue(),
+        session(), condition, endIssue(),
         [this](const std::string& percent) { progress_->Tell(percent); }, result);
     progress_->End();
     if (!result.nextDrawLine.empty()) nextDraw_->setText(Qs(result.nextDrawLine));
@@ -197,8 +197,8 @@ void frmShaHao::FormulaStatistics() {
 
 void frmShaHao::Filter(const FormulaFilter& filter, const QString& threshold) {
     FormulaFilterResult result;
-    if (!FilterForWorkbench(context_.session, statistics(), endIssue(), filter,
-                            threshold.toStdString(), result)) {
+    if (!FilterForWorkbench(session(), statistics(), endIssue(), filter, threshold.toStdString(),
+                            result)) {
         return;
     }
     vs2_->SetGrid(std::move(result.grid));
@@ -220,7 +220,7 @@ void frmShaHao::ShowView(int tab) {
         return;
     }
     ShowOnly(-1);
-    context_.session.host.ShowMessage("请先选择公式后,双击已经统计好的某行公式就可以显示了哦！");
+    session().host.ShowMessage("请先选择公式后,双击已经统计好的某行公式就可以显示了哦！");
 }
 
 // Hides before it shows, so that the panel never has to make room for two views at once.
@@ -256,14 +256,14 @@ void frmShaHao::ChangeChartLength() {
 void frmShaHao::DrawChart() {
     const int position = cboEdate_->findText(Qs(endIssue()));
     if (position < 0) {
-        context_.session.host.ShowMessage("期号填写错误！");
+        session().host.ShowMessage("期号填写错误！");
         return;
     }
     const int periods = kTrendLengths[static_cast<std::size_t>(cboZst_->currentIndex())].periods;
     const int start = std::min(position + periods, cboEdate_->count()) - 1;
     const PeriodRange range{cboEdate_->itemText(start).toStdString(), endIssue()};
     FormulaTrendResult trend;
-    if (!FormulaTrend(context_.session, chartKey_, range, periods, trend)) return;
+    if (!FormulaTrend(session(), chartKey_, range, periods, trend)) return;
     chart_->Show({.title = std::move(trend.title),
                   .labels = std::move(trend.labels),
                   .values = std::move(trend.values),

@@ -2,11 +2,10 @@
 // one formula.
 #pragma once
 
-#include <QWidget>
 #include <memory>
 #include <string>
 
-#include "ui/qt/PanelContext.h"
+#include "ui/qt/Panel.h"
 
 class QBoxLayout;
 class QComboBox;
@@ -25,7 +24,7 @@ class ResultGrid;
 class frmShaHaoYLSX;
 struct FormulaFilter;
 
-class frmShaHao final : public QWidget {
+class frmShaHao final : public Panel {
   public:
     explicit frmShaHao(const PanelContext& context, QWidget* parent = nullptr);
     ~frmShaHao() override;
@@ -54,7 +53,6 @@ class frmShaHao final : public QWidget {
     void ChangeChartLength();
     void DrawChart();
 
-    PanelContext context_;
     IssueCombo* cboEdate_;
     QComboBox* cboWhere_;
     QComboBox* cboNum_;

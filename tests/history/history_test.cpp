@@ -64,8 +64,9 @@ TEST(ShowHistory, FiltersByWhatTheTextsMeanAsNumbers) {
     // The query's draws against those found one by one.
     const auto check = [&](const NumberFilter& pool, const NumberFilter& prizes, const char* field,
                            double from, double to) {
-        ResultGrid grid;
-        ASSERT_TRUE(ShowHistory(database.session(), {range, pool, prizes}, grid));
+        const auto report = ShowHistory(database.session(), {range, pool, prizes});
+        ASSERT_TRUE(report);
+        const ResultGrid& grid = report->grid;
         int row = 1;
         for (Recordset all = database.Run("select * from cpInfo"); !all.eof(); all.MoveNext()) {
             const std::string issue = all.Text("开奖期号");
@@ -82,19 +83,18 @@ TEST(ShowHistory, FiltersByWhatTheTextsMeanAsNumbers) {
     EXPECT_TRUE(database.host().boxes.empty());
 }
 
-TEST(ShowHistory, RefusedRequestsLeaveTheGridAndReversedOnesHaveNoRows) {
+TEST(ShowHistory, RefusedRequestsGiveNothingAndReversedOnesHaveNoRows) {
     TestDatabase database = TestDatabase::Delivered();
     const PeriodRange range{"2013001", "2013010"};
-    ResultGrid grid(7, 7, 1, 1);
-    EXPECT_FALSE(ShowHistory(database.session(), {range, {true, "5", "3"}, {}}, grid));
-    EXPECT_FALSE(ShowHistory(database.session(), {range, {}, {true, "5", ""}}, grid));
-    EXPECT_FALSE(ShowHistory(database.session(), {{"", "2013010"}, {}, {}}, grid));
-    EXPECT_EQ(grid.rows(), 7);
+    EXPECT_FALSE(ShowHistory(database.session(), {range, {true, "5", "3"}, {}}));
+    EXPECT_FALSE(ShowHistory(database.session(), {range, {}, {true, "5", ""}}));
+    EXPECT_FALSE(ShowHistory(database.session(), {{"", "2013010"}, {}, {}}));
     EXPECT_THAT(database.host().Texts(),
                 testing::ElementsAre("起始奖池额不能大于结束奖池额！",
                                      "起始一等注数或结束一等注数不能为空！", "期号填写错误！"));
-    EXPECT_TRUE(ShowHistory(database.session(), {{range.end, range.start}, {}, {}}, grid));
-    EXPECT_EQ(grid.rows(), 1);
+    const auto reversed = ShowHistory(database.session(), {{range.end, range.start}, {}, {}});
+    ASSERT_TRUE(reversed);
+    EXPECT_EQ(reversed->grid.rows(), 1);
 }
 
 }  // namespace

@@ -10,7 +10,6 @@ namespace ssq {
 
 namespace {
 
-constexpr int kWideRange = 50;
 constexpr int kVisibleEntries = 20;
 
 bool ReadList(const PanelContext& context, QStringList& newestFirst) {
@@ -62,16 +61,19 @@ void IssueCombo::TakeEntry(int position) {
 
 QString IssueCombo::EntryBelow(int steps) const {
     const int position = findText(currentText().trimmed());
-    return position < 0 ? QString() : itemText(position + steps);
+    // itemText answers an empty text outside the list; the sum must not overflow on the way.
+    return position < 0 || steps > count() ? QString() : itemText(position + steps);
 }
 
-void FillIssueCombos(const PanelContext& context, IssueCombo& start, IssueCombo& end, bool wide) {
+void FillIssueCombos(const PanelContext& context, IssueCombo& start, IssueCombo& end,
+                     int startEntry) {
     QStringList issues;
     if (!ReadList(context, issues)) return;
     start.Fill(issues);
     end.Fill(issues);
     end.TakeEntry(0);
-    start.TakeEntry((wide ? kWideRange : GetLearnPeriods(context.session)) - 1);
+    start.TakeEntry(startEntry == kStartAtLearning ? GetLearnPeriods(context.session) - 1
+                                                   : startEntry);
 }
 
 void FillIssueCombo(const PanelContext& context, IssueCombo& combo) {
@@ -79,6 +81,21 @@ void FillIssueCombo(const PanelContext& context, IssueCombo& combo) {
     if (!ReadList(context, issues)) return;
     combo.Fill(issues);
     combo.TakeEntry(0);
+}
+
+void RefillIssueCombos(const PanelContext& context, std::initializer_list<IssueCombo*> combos) {
+    QStringList issues;
+    if (!ReadList(context, issues)) return;
+    for (IssueCombo* combo : combos) {
+        const QString text = combo->currentText();
+        combo->Fill(issues);
+        const int entry = combo->findText(text);
+        if (entry >= 0) {
+            combo->TakeEntry(entry);
+        } else {
+            combo->setEditText(text);
+        }
+    }
 }
 
 }  // namespace ssq

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <initializer_list>
 
 #include "draws/public_fun.h"
 #include "ui/qt/PanelContext.h"
@@ -26,13 +27,21 @@ class IssueCombo final : public QComboBox {
     QString EntryBelow(int steps) const;
 };
 
-// Fills the range: the end is the newest issue, the start reaches back over as many draws as
-// banker learning uses, or over 50 when `wide`. On failure the error text is shown and the combos
-// stay as they are.
-void FillIssueCombos(const PanelContext& context, IssueCombo& start, IssueCombo& end, bool wide);
+// Where a range's start combo opens: an entry of its list counted from 0 (the newest issue), or
+// as far back as banker learning looks.
+inline constexpr int kStartAtLearning = -1;
+inline constexpr int kStartWide = 49;
+
+// Fills the range: the end is the newest issue, the start the entry told. On failure the error text
+// is shown and the combos stay as they are.
+void FillIssueCombos(const PanelContext& context, IssueCombo& start, IssueCombo& end,
+                     int startEntry);
 
 // The same with one combo, which takes the newest issue.
 void FillIssueCombo(const PanelContext& context, IssueCombo& combo);
+
+// Replaces the lists by the issues on file now; what stands in the combos stays.
+void RefillIssueCombos(const PanelContext& context, std::initializer_list<IssueCombo*> combos);
 
 inline PeriodRange RangeOf(const IssueCombo& start, const IssueCombo& end) {
     return {start.issue(), end.issue()};

@@ -46,8 +46,9 @@ void ProgressStrip::Tell(const std::string& text) {
 }
 
 void ProgressStrip::Begin() {
-    sinceApplied_.invalidate();
     Apply({});
+    bar_->setValue(0);
+    sinceApplied_.invalidate();
     show();
 }
 

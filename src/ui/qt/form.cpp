@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QPushButton>
 
+#include "ui/qt/Desktop.h"
 #include "ui/qt/GridCopy.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
@@ -90,13 +91,27 @@ QPushButton* AddButton(QBoxLayout* row, const char* name, const QString& caption
                        std::function<void()> onClick) {
     auto* button = AddLabelled(row, new QPushButton(caption), name, {});
     button->setAutoDefault(false);
-    QObject::connect(button, &QPushButton::clicked, button, std::move(onClick));
+    if (onClick) QObject::connect(button, &QPushButton::clicked, button, std::move(onClick));
     return button;
 }
 
 void AddEntry(QMenu& menu, const char* name, const QString& caption, std::function<void()> action) {
     QAction* entry = Named(menu.addAction(caption), name);
     QObject::connect(entry, &QAction::triggered, entry, std::move(action));
+}
+
+void SetPopup(const PanelContext& context, GridView& view, const char* name, const char* caption,
+              std::vector<PopupEntry> entries, std::function<bool()> isReady) {
+    view.onPopup = [&desktop = context.desktop, name, caption, entries = std::move(entries),
+                    isReady = std::move(isReady)](const QPoint& place) {
+        if (isReady && !isReady()) return;
+        QMenu menu(QString::fromUtf8(caption));
+        menu.setObjectName(QString::fromUtf8(name));
+        for (const PopupEntry& entry : entries) {
+            AddEntry(menu, entry.name, QString::fromUtf8(entry.caption), entry.action);
+        }
+        desktop.RaisePopup(menu, place);
+    };
 }
 
 GridView* AddGrid(QBoxLayout* layout, const char* name) {

@@ -5,6 +5,9 @@
 #include <QString>
 #include <functional>
 #include <initializer_list>
+#include <vector>
+
+#include "ui/qt/PanelContext.h"
 
 class QBoxLayout;
 class QCheckBox;
@@ -47,6 +50,17 @@ QPushButton* AddButton(QBoxLayout* row, const char* name, const QString& caption
 
 // An entry at the end of a menu.
 void AddEntry(QMenu& menu, const char* name, const QString& caption, std::function<void()> action);
+
+// An entry of the popup that the right button raises over a grid.
+struct PopupEntry {
+    const char* name;
+    const char* caption;
+    std::function<void()> action;
+};
+
+// Declares the popup of a grid. It is not raised while `isReady` answers false.
+void SetPopup(const PanelContext& context, GridView& view, const char* name, const char* caption,
+              std::vector<PopupEntry> entries, std::function<bool()> isReady = {});
 
 // A grid that takes all the room there is; Ctrl+C copies its selection.
 GridView* AddGrid(QBoxLayout* layout, const char* name);

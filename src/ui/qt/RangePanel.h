@@ -1,0 +1,75 @@
+// The panel that most analyses have: a range of issues, more inputs, a run button and one grid.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "draws/public_fun.h"
+#include "ui/ColumnTable.h"
+#include "ui/qt/IssueCombo.h"
+#include "ui/qt/Panel.h"
+
+class QBoxLayout;
+class QGroupBox;
+class QHBoxLayout;
+class QVBoxLayout;
+
+namespace ssq {
+
+class GridView;
+
+class RangePanel : public Panel {
+  public:
+    struct RangeForm {
+        Form form;
+        int startEntry = kStartWide;
+        const char* inputsName = "Frame1";  // of the group around the inputs; null for no group
+        const char* inputsCaption = "分析条件";
+    };
+
+    RangePanel(const PanelContext& context, QWidget* parent, const RangeForm& form);
+
+    void TakeNewDraws() override;
+
+  protected:
+    // The inputs' row, behind the two combos; the panel's whole column.
+    QHBoxLayout* inputs() const { return inputs_; }
+    QVBoxLayout* column() const { return column_; }
+    IssueCombo& start() const { return *start_; }
+    IssueCombo& end() const { return *end_; }
+    PeriodRange range() const;
+
+    // A button behind the inputs that runs an analysis; `work` answers whether it succeeded. The
+    // first one added is the panel's main button.
+    struct RunButton {
+        const char* name;
+        const char* caption;
+        bool isDisabledInRun = false;
+        bool staysAfterFailure = false;     // disabled, until the panel is opened anew
+        const char* busyCaption = nullptr;  // while it is disabled
+    };
+    QPushButton* AddRunButton(const RunButton& button, std::function<bool(Run&)> work);
+
+    // The strip that a run shows from its first progress on; to be added before the button.
+    ProgressStrip* AddProgress(const char* busyText);
+
+    // The group around the grid vs1, at the end of the column.
+    GridView* AddResults(const char* groupName, const char* caption);
+    GridView& results() const { return *vs1_; }
+    void SetResultsCaption(const std::string& caption);
+
+    // Shows a report with its last rows in view; false for none, and the grid stays.
+    bool Show(std::optional<GridReport> report);
+
+  private:
+    QVBoxLayout* column_;
+    QHBoxLayout* inputs_;
+    IssueCombo* start_;
+    IssueCombo* end_;
+    ProgressStrip* strip_ = nullptr;
+    QGroupBox* resultsGroup_ = nullptr;
+    GridView* vs1_ = nullptr;
+};
+
+}  // namespace ssq
