@@ -34,6 +34,7 @@ const std::map<std::string, Folders> kAllowed = {
     {"charts", kAnalysis},
     {"history", kAnalysis},
     {"kill", kAnalysis},
+    {"tools", kAnalysis},
     {"workbench", kAnalysis},
     // The shell opens the panels and runs the commands of the menu.
     {"app", kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "workbench"}},

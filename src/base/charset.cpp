@@ -61,4 +61,16 @@ std::optional<std::string> EncodeGbk(std::string_view text) {
     return Converter("GBK", "UTF-8").Convert(text, bytes) ? std::optional(bytes) : std::nullopt;
 }
 
+std::optional<std::string> DecodeTextFile(std::string_view bytes) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
+    if (bytes.find('\0') != std::string_view::npos) return std::nullopt;
+    std::size_t faults = 0;
+    std::string text = DecodeUtf8(bytes, faults);
+    if (faults == 0) return text;
+    faults = 0;
+    text = DecodeGbk(bytes, faults);
+    return faults == 0 ? std::optional(std::move(text)) : std::nullopt;
+}
+
 }  // namespace ssq

@@ -21,4 +21,8 @@ inline std::string DecodeGbk(std::string_view bytes, std::size_t& faults) {
 // The GBK bytes of a UTF-8 text; nothing when it holds a character that GBK has not.
 std::optional<std::string> EncodeGbk(std::string_view text);
 
+// The text of a file that may be in UTF-8, with or without a byte order mark, or in GBK. Nothing
+// when it is neither, or holds a zero byte: then it is no text.
+std::optional<std::string> DecodeTextFile(std::string_view bytes);
+
 }  // namespace ssq
