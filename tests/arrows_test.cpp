@@ -37,7 +37,7 @@ const std::map<std::string, Folders> kAllowed = {
     {"tools", kAnalysis},
     {"workbench", kAnalysis},
     // The shell opens the panels and runs the commands of the menu.
-    {"app", kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "workbench"}},
+    {"app", kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "tools", "workbench"}},
 };
 
 TEST(Floors, IncludesOnlyGoDown) {

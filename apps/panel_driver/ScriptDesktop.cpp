@@ -34,7 +34,7 @@ QString ScriptDesktop::AskSaveFile(const QString&) {
     return TakeFileAnswer();
 }
 
-QString ScriptDesktop::AskOpenFile(const QString&) {
+QString ScriptDesktop::AskOpenFile(const QString&, const QString&, const QString&) {
     return TakeFileAnswer();
 }
 

@@ -30,7 +30,8 @@ class ScriptDesktop final : public Desktop {
     void ShowBox(const QString& title, const QString& text) override;
     bool Confirm(const QString& title, const QString& text) override;
     QString AskSaveFile(const QString& pattern) override;
-    QString AskOpenFile(const QString& pattern) override;
+    QString AskOpenFile(const QString& title, const QString& folder,
+                        const QString& pattern) override;
     void Open(const QString& urlOrFile) override;
     void StartProgram(const QString& file, const QString& arguments) override;
     void RaisePopup(QMenu& menu, const QPoint& place) override;

@@ -8,6 +8,10 @@
 #include "charts/frmZST.h"
 #include "history/frmHistory.h"
 #include "kill/frmSHAMA.h"
+#include "tools/ZDY_XDM.h"
+#include "tools/frmDFjishuan.h"
+#include "tools/frmLSBJ.h"
+#include "tools/frmMtoN.h"
 #include "workbench/frmShaHao.h"
 
 namespace ssq {
@@ -29,9 +33,15 @@ std::pair<const QString, Make<Panel>> Modeless(const char* name) {
 
 const std::map<QString, Make<Panel>>& Panels() {
     static const std::map<QString, Make<Panel>> kPanels = {
-        Modeless<frmHistory>("frmHistory"), Modeless<frmSHAMA>("frmSHAMA"),
-        Modeless<frmSale>("frmSale"),       Modeless<frmShaHao>("frmShaHao"),
+        Modeless<frmHistory>("frmHistory"),
+        Modeless<frmSHAMA>("frmSHAMA"),
+        Modeless<frmSale>("frmSale"),
+        Modeless<frmShaHao>("frmShaHao"),
         Modeless<frmZST>("frmZST"),
+        Modeless<ZDY_XDM>("ZDY_XDM"),
+        Modeless<frmLSBJ>("frmLSBJ"),
+        Modeless<frmMtoN>("frmMtoN"),
+        Modeless<frmDFjishuan>("frmDFjishuan"),
     };
     return kPanels;
 }

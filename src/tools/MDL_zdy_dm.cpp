@@ -161,10 +161,6 @@ std::optional<std::string> EvaluateFormulas(const Draw& draw,
     return target == FormulaTarget::kTail && list == "10" ? "00" : list;
 }
 
-bool CheckFormulaTest(Session& session, const FormulaTest& test) {
-    return CheckPeriod(session, test.range) && CheckRange(session.host, test.low, test.high);
-}
-
 std::optional<std::string> TestFormulas(Session& session, const FormulaTest& test, Run& run) {
     const auto formulas = LoadFormulaList(session);
     if (!formulas) return std::nullopt;

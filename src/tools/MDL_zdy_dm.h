@@ -29,7 +29,7 @@ std::optional<std::string> EvaluateFormulas(const Draw& draw,
                                             FormulaTarget target, std::string& errorText);
 
 // The draws of a stretch on which to test the stored formulas, and how many hits count as right:
-// texts as typed.
+// texts that have passed CheckPeriod and CheckRange.
 struct FormulaTest {
     PeriodRange range;
     std::string low;
@@ -37,10 +37,7 @@ struct FormulaTest {
     FormulaTarget target = FormulaTarget::kRed;
 };
 
-// Whether the texts can be used; tells the user when not.
-bool CheckFormulaTest(Session& session, const FormulaTest& test);
-
-// Each draw of a checked test against what the formulas give for the draw before it: the report's
+// Each draw of the test against what the formulas give for the draw before it: the report's
 // lines, ended by CR LF. Nothing when the run ends, after a message (a formula's error, no draws,
 // the store's text), and without one when no formula is stored.
 std::optional<std::string> TestFormulas(Session& session, const FormulaTest& test, Run& run);
