@@ -19,7 +19,8 @@ create table cphm(
 );
 
 -- Prizes: xqjc is the pool carried into the next draw, tze the total stake; zs1d tickets won mz1d
--- each, jj1d together, and so on to prize 6; zfj is the sum of jj1d to jj6d. Null is unknown.
+-- each, jj1d together, and so on to prize 6; zfj is the sum of jj1d to jj6d. Null is unknown; each
+-- delivered draw has its row, and the updates append the rows of later ones.
 create table cpjc(
     kjqh integer not null unique,
     xqjc numeric,

@@ -36,8 +36,10 @@ const std::map<std::string, Folders> kAllowed = {
     {"kill", kAnalysis},
     {"tools", kAnalysis},
     {"workbench", kAnalysis},
+    {"wrap", kAnalysis},
     // The shell opens the panels and runs the commands of the menu.
-    {"app", kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "tools", "workbench"}},
+    {"app", kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "tools",
+                                "workbench", "wrap"}},
 };
 
 TEST(Floors, IncludesOnlyGoDown) {

@@ -16,6 +16,7 @@
 #include "base/ConvertYlDate.h"
 #include "base/dates.h"
 #include "base/text.h"
+#include "store/SqlConn.h"
 
 namespace {
 
@@ -241,6 +242,7 @@ void WriteDatabase(const std::string& schema, const std::vector<Draw>& draws,
     Require(code == SQLITE_OK, "cannot make " + file.string());
     Execute(raw, "begin");
     Execute(raw, schema);
+    Execute(raw, "pragma user_version=" + std::to_string(ssq::kDatabaseLayout));
     Insert drawInsert(raw, "cphm", "qid,kjqh,kjhm,a1,a2,a3,a4,a5,a6,a7,kjDate,kjWeek,nnDate,cqsx");
     Insert prizeInsert(raw, "cpjc",
                        "kjqh,xqjc,tze,zs1d,zs2d,zs3d,zs4d,zs5d,zs6d,mz1d,mz2d,mz3d,mz4d,mz5d,mz6d,"
@@ -248,7 +250,7 @@ void WriteDatabase(const std::string& schema, const std::vector<Draw>& draws,
     std::int64_t position = 0;
     for (const Draw& draw : draws) {
         InsertDraw(drawInsert, ++position, draw);
-        if (HasPrizeData(draw)) InsertPrizes(prizeInsert, draw);
+        InsertPrizes(prizeInsert, draw);
     }
     Execute(raw, "commit");
 }

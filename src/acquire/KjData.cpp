@@ -180,12 +180,11 @@ void InsertDraws(Session& session, const Harvest& harvest) {
     Recordset rows;
     if (!QueryOrTell(session, "Select Max(qid) from cphm", rows)) return;
     std::int64_t qid = rows.Int(0);
-    {
-        const WriteBatch batch(session.host, session.connection);
-        for (std::size_t i = harvest.NewIssues.size(); i-- > 0;) {
-            if (!ExecuteOrTell(session, InsertStatement(harvest, i, ++qid))) return;
-        }
+    WriteBatch batch(session.host, session.connection);
+    for (std::size_t i = harvest.NewIssues.size(); i-- > 0;) {
+        if (!ExecuteOrTell(session, InsertStatement(harvest, i, ++qid))) return;
     }
+    if (!CommitOrTell(session, batch)) return;
     session.host.ShowMessage("共更新" + std::to_string(harvest.HarvestCount()) + "期!");
 }
 

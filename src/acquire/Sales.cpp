@@ -193,13 +193,12 @@ void UpdateSales(Session& session) {
         session.host, session.deployment.salesHost +
                           "/pages/info/ssq/inc/red_fsfx_inc.php?expect=" + std::to_string(want));
     const std::string table = CutBetween(session.host, kRowMark, "</table>", page);
-    {
-        const WriteBatch batch(session.host, session.connection);
-        for (const std::string& rowText : Split(table, kRowMark)) {
-            if (!session.host.Yield()) return;
-            if (!StoreRow(session, rowText, maxIssue, nextIssue)) return;
-        }
+    WriteBatch batch(session.host, session.connection);
+    for (const std::string& rowText : Split(table, kRowMark)) {
+        if (!session.host.Yield()) return;
+        if (!StoreRow(session, rowText, maxIssue, nextIssue)) return;
     }
+    if (!CommitOrTell(session, batch)) return;
     if (session.host.stopping()) return;
     session.host.ShowMessage("更新完成,共更新" + std::to_string(want - 1) + "期！");
 }

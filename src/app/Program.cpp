@@ -14,10 +14,12 @@ Program::~Program() = default;
 
 void Program::Start() {
     LaunchUpdater(session_, desktop_, false);
+    session_.isStarting = true;
     OpenDatabase(session_);
     RefreshLatestIssue(session_);
     window_ = std::make_unique<frmMain>(PanelContext{session_, desktop_});
     window_->show();
+    session_.isStarting = false;
 }
 
 QWidget& Program::mainWindow() {

@@ -13,6 +13,8 @@
 #include "tools/frmLSBJ.h"
 #include "tools/frmMtoN.h"
 #include "workbench/frmShaHao.h"
+#include "wrap/frm18MaWeiHong.h"
+#include "wrap/frmWeiLan.h"
 
 namespace ssq {
 
@@ -42,6 +44,8 @@ const std::map<QString, Make<Panel>>& Panels() {
         Modeless<frmLSBJ>("frmLSBJ"),
         Modeless<frmMtoN>("frmMtoN"),
         Modeless<frmDFjishuan>("frmDFjishuan"),
+        Modeless<frm18MaWeiHong>("frm18MaWeiHong"),
+        Modeless<frmWeiLan>("frmWeiLan"),
     };
     return kPanels;
 }

@@ -88,14 +88,15 @@ bool StoreGoodFormulas(Session& session, const PositionRates& rates, int dmgs,
     const double total = CombinationCount(kCandidates.size(), dmgs);
     double index = 0;
     WriteBatch batch(session.host, session.connection);
-    return rates.ForEachFormula(kCandidates, dmgs, [&](std::span<const int> formula, double rate) {
+    const auto store = [&](std::span<const int> formula, double rate) {
         if (!session.host.Yield()) return false;
         if (!progress(NumberText(Percent(index, total)))) return false;
         ++index;
         if (rate < threshold) return true;
         return ExecuteOrTell(session, "Insert into trate(gs,rate) values('" + FormulaText(formula) +
                                           "'," + NumberText(rate) + ")");
-    });
+    };
+    return rates.ForEachFormula(kCandidates, dmgs, store) && CommitOrTell(session, batch);
 }
 
 }  // namespace

@@ -22,6 +22,8 @@ struct Session {
     std::filesystem::path programFolder;
     Deployment deployment;
     Connection connection;
+    // While the program comes up, a database that did not open has been told of already.
+    bool isStarting = false;
 
     std::string LatestIssue;  // newest issue of cphm as text; empty while there is none
     std::int32_t DrawCount = 0;

@@ -2,6 +2,8 @@
 
 #include "base/text.h"
 #include "draws/Public_var.h"
+#include "draws/public_fun.h"
+#include "store/WriteBatch.h"
 #include "ui/Host.h"
 
 namespace ssq {
@@ -14,15 +16,30 @@ void OpenDatabase(Session& session) {
 }
 
 bool QueryOrTell(Session& session, const std::string& sql, Recordset& recordset) {
-    std::string errorText;
-    if (session.connection.OpenQuery(sql, errorText, recordset)) return true;
-    session.host.ShowMessage(errorText);
-    return false;
+    return QueryOrTell(session, sql, {}, recordset);
 }
 
-bool ExecuteOrTell(Session& session, const std::string& sql) {
+bool QueryOrTell(Session& session, const std::string& sql, const Values& values,
+                 Recordset& recordset) {
+    std::string errorText;
+    const bool wasOpen = session.connection.isOpen();
+    const bool done = session.connection.OpenQuery(sql, values, errorText, recordset);
+    const bool isOpen = session.connection.isOpen();
+    if (!done && (isOpen || !session.isStarting)) session.host.ShowMessage(errorText);
+    if (isOpen && !wasOpen) RefreshLatestIssue(session);
+    return done;
+}
+
+bool ExecuteOrTell(Session& session, const std::string& sql, const Values& values) {
     Recordset nothing;
-    return QueryOrTell(session, sql, nothing);
+    return QueryOrTell(session, sql, values, nothing);
+}
+
+bool CommitOrTell(Session& session, WriteBatch& batch) {
+    std::string errorText;
+    if (batch.Commit(errorText)) return true;
+    session.host.ShowMessage(errorText);
+    return false;
 }
 
 bool TableExists(Session& session, const std::string& name) {

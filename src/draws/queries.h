@@ -7,17 +7,30 @@
 
 namespace ssq {
 
+class WriteBatch;
 struct Session;
 
-// Opens data/ssq.mdb in the program's folder; shows the store's text when that fails, and the
+// Opens data/ssq.mdb in the program's folder; shows the connection's text when that fails, and the
 // program goes on.
 void OpenDatabase(Session& session);
 
-// OpenQuery that tells the user: false after showing the error text with ShowMessage.
+// OpenQuery that tells the user: false after showing the error text with ShowMessage, which it
+// leaves out while the program starts without a database. The first statement that gets through to
+// a database locked before reads LatestIssue and DrawCount.
 bool QueryOrTell(Session& session, const std::string& sql, Recordset& recordset);
 
+// The same with one value for each "?" of the text, in their order:
+//   QueryOrTell(session, "Select gs from xxjl where id=?", {id}, rows)
+// Whole numbers, decimals, texts and std::monostate (null) are values. Text from outside or from
+// the store is always given so, never pasted.
+bool QueryOrTell(Session& session, const std::string& sql, const Values& values,
+                 Recordset& recordset);
+
 // The same for a statement whose rows are not wanted.
-bool ExecuteOrTell(Session& session, const std::string& sql);
+bool ExecuteOrTell(Session& session, const std::string& sql, const Values& values = {});
+
+// Ends the batch; false after showing the store's text.
+bool CommitOrTell(Session& session, WriteBatch& batch);
 
 // Whether `Select count(*)` from the table succeeds. On failure the error text is shown only when
 // it does not name the table.

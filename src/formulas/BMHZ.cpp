@@ -114,7 +114,8 @@ bool CreateEdgeTable(Session& session) {
     // The default lets a row that has not been numbered yet differ from every position.
     return ExecuteOrTell(session, "CREATE TABLE BMHZ(kjqh integer PRIMARY KEY ,kjhm char(50)," +
                                       FormulaColumns(" integer ") + ")") &&
-           ExecuteOrTell(session, "ALTER TABLE BMHZ ADD COLUMN qid integer DEFAULT 0");
+           ExecuteOrTell(session, "ALTER TABLE BMHZ ADD COLUMN qid integer DEFAULT 0") &&
+           CommitOrTell(session, batch);
 }
 
 bool AddEdgeRow(Session& session, const std::string& issue, const std::string& drawText,

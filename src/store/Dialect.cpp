@@ -103,11 +103,12 @@ Tokens Tokenize(std::string_view sql) {
     return tokens;
 }
 
-std::string TextOf(const Tokens& tokens) {
+// The tokens from `first` up to `end`, as they are to be sent.
+std::string TextOf(const Tokens& tokens, std::size_t first, std::size_t end) {
     std::string sql;
-    for (const Token& token : tokens) {
-        sql += token.text;
-        sql += token.suffix;
+    for (std::size_t at = first; at < end; ++at) {
+        sql += tokens[at].text;
+        sql += tokens[at].suffix;
     }
     return sql;
 }
@@ -130,29 +131,44 @@ class Select {
             if (depth == 0) own_.push_back(at);
             if (tokens[at].Is("(")) ++depth;
         }
+        FindClauses();
     }
 
     // Makes `top N` the limit at the select's end, and lets rows that tie on the sort key come by
     // rowid where they are rows of one table.
     void Translate(const std::function<bool(std::string_view)>& isTable) {
         const std::optional<std::string> count = TakeTop();
+        const std::string limit = count ? " limit " + LimitOf(*count) : std::string();
         if (const auto source = SortedSource(); source && isTable(*source)) {
-            const auto limit = Find("limit");
-            const std::size_t last = limit ? *limit - 1 : own_.size() - 1;
-            tokens_[own_[last]].suffix += ",rowid";
+            tokens_[own_[keysEnd_ - 1]].suffix += ",rowid";
         }
-        if (count) tokens_[own_.back()].suffix += " limit " + *count;
+        if (count) tokens_[own_.back()].suffix += limit;
     }
 
   private:
     const Token& Own(std::size_t index) const { return tokens_[own_[index]]; }
 
-    // Index into own_.
-    std::optional<std::size_t> Find(std::string_view word, std::size_t from = 0) const {
-        for (std::size_t index = from; index < own_.size(); ++index) {
-            if (Own(index).Is(word)) return index;
-        }
-        return std::nullopt;
+    // Index into own_, its size when there is none.
+    std::size_t Find(std::string_view word, std::size_t from) const {
+        std::size_t index = from;
+        while (index < own_.size() && !Own(index).Is(word)) ++index;
+        return std::min(index, own_.size());
+    }
+
+    void FindClauses() {
+        from_ = Find("from", 0);
+        order_ = Find("order", from_ + 1);
+        if (order_ + 2 >= own_.size() || !Own(order_ + 1).Is("by")) order_ = own_.size();
+        keysEnd_ = Find("limit", order_ + 2);
+        if (keysEnd_ <= order_ + 2) order_ = own_.size();
+    }
+
+    bool IsSorted() const { return order_ < own_.size(); }
+
+    // The text from one own token up to another, what stands in parentheses between included.
+    std::string TextBetween(std::size_t first, std::size_t end) const {
+        const std::size_t last = end < own_.size() ? own_[end] : own_.back() + 1;
+        return TextOf(tokens_, own_[first], last);
     }
 
     // Takes `top N` out and gives back N.
@@ -169,23 +185,52 @@ class Select {
         return count;
     }
 
+    // N, or the number of rows up to the last one that ties with row N on the sort key: one less
+    // than the rank of the first row behind it. The ranking ends at that row, so it costs little
+    // where an index gives the order.
+    std::string LimitOf(const std::string& count) const {
+        constexpr std::array<std::string_view, 3> kCompound = {"union", "intersect", "except"};
+        const auto isCompound = [&](std::size_t at) { return tokens_[at].IsOneOf(kCompound); };
+        const bool hasPosition =
+            IsSorted() && Own(order_ + 2).kind == Token::Kind::kNumber;  // order by 2
+        if (!IsSorted() || hasPosition || std::any_of(own_.begin(), own_.end(), isCompound)) {
+            return count;
+        }
+        std::string source = TextBetween(from_, order_);
+        if (Own(0).Is("distinct") || SortsByAlias()) {
+            source = "from (select " + TextBetween(0, order_) + ")";
+        }
+        return "coalesce((select place-1 from (select rank() over (order by " +
+               TextBetween(order_ + 2, keysEnd_) + ") as place " + source + ") where place>" +
+               count + " limit 1),-1)";
+    }
+
+    // Whether a key is a name that the select list gives.
+    bool SortsByAlias() const {
+        for (std::size_t as = Find("as", 0); as < from_; as = Find("as", as + 1)) {
+            if (Find(Own(as + 1).text, order_ + 2) < keysEnd_) return true;
+        }
+        return false;
+    }
+
     // The one name it reads sorted rows of; none when it groups, joins or is one of several.
     std::optional<std::string_view> SortedSource() const {
         constexpr std::array<std::string_view, 6> kManyToOne = {"distinct", "group",     "join",
                                                                 "union",    "intersect", "except"};
-        const auto from = Find("from");
-        if (!from || *from + 1 >= own_.size()) return std::nullopt;
-        const auto order = Find("order", *from);
-        if (!order || Own(*from + 1).kind != Token::Kind::kWord) return std::nullopt;
-        for (std::size_t index = 0; index < *order; ++index) {
-            const bool listGoesOn = index > *from && Own(index).Is(",");
+        if (!IsSorted() || Own(from_ + 1).kind != Token::Kind::kWord) return std::nullopt;
+        for (std::size_t index = 0; index < order_; ++index) {
+            const bool listGoesOn = index > from_ && Own(index).Is(",");
             if (listGoesOn || Own(index).IsOneOf(kManyToOne)) return std::nullopt;
         }
-        return Own(*from + 1).text;
+        return Own(from_ + 1).text;
     }
 
     Tokens& tokens_;
     std::vector<std::size_t> own_;
+    // Indices into own_.
+    std::size_t from_ = 0;
+    std::size_t order_ = 0;  // the end when nothing is sorted
+    std::size_t keysEnd_ = 0;
 };
 
 // Whether a value can end with this token, so that an operator may follow.
@@ -220,16 +265,28 @@ void TranslateMod(Tokens& tokens) {
     }
 }
 
+// Numbers the marks of bound values, so that a clause can be repeated.
+void NumberMarks(Tokens& tokens) {
+    int number = 0;
+    for (std::size_t at = 0; at < tokens.size(); ++at) {
+        const bool isNumbered =
+            at + 1 < tokens.size() && tokens[at + 1].kind == Token::Kind::kNumber;
+        if (tokens[at].Is("?") && !isNumbered) tokens[at].suffix = std::to_string(++number);
+    }
+}
+
 }  // namespace
 
 std::string TranslateStatement(std::string_view sql,
                                const std::function<bool(std::string_view)>& isTable) {
     Tokens tokens = Tokenize(sql);
+    NumberMarks(tokens);
     TranslateMod(tokens);
-    for (std::size_t at = 0; at < tokens.size(); ++at) {
+    // Inner selects first: an outer one can repeat their text.
+    for (std::size_t at = tokens.size(); at-- > 0;) {
         if (tokens[at].Is("select")) Select(tokens, at + 1).Translate(isTable);
     }
-    return TextOf(tokens);
+    return TextOf(tokens, 0, tokens.size());
 }
 
 bool IsEmptyStatement(std::string_view sql) {

@@ -18,7 +18,7 @@ std::string ValueText(const Value& value) {
     return {};
 }
 
-Recordset::Recordset(std::vector<std::string> fieldNames, std::vector<Value> values)
+Recordset::Recordset(std::vector<std::string> fieldNames, Values values)
     : names_(std::move(fieldNames)), values_(std::move(values)) {}
 
 int Recordset::recordcount() const {

@@ -10,6 +10,7 @@
 namespace ssq {
 
 using Value = std::variant<std::monostate, std::int64_t, double, std::string>;
+using Values = std::vector<Value>;
 
 // The value as text: null gives an empty one, a number its cell text.
 std::string ValueText(const Value& value);
@@ -30,7 +31,7 @@ struct FieldKey {
 class Recordset {
   public:
     Recordset() = default;
-    Recordset(std::vector<std::string> fieldNames, std::vector<Value> values);
+    Recordset(std::vector<std::string> fieldNames, Values values);
 
     void Clear() { *this = {}; }
 
@@ -51,7 +52,7 @@ class Recordset {
 
   private:
     std::vector<std::string> names_;
-    std::vector<Value> values_;  // row after row, names_.size() to a row
+    Values values_;  // row after row, names_.size() to a row
     int row_ = 0;
 };
 

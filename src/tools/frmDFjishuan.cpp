@@ -45,11 +45,11 @@ void frmDFjishuan::BuildBankerBet(QBoxLayout& column) {
     bankers_ = AddCount(counts, "CBOdan", QStringLiteral("胆码个数："), kMostBankers);
     drags_ = AddCount(counts, "CBOtuo", QStringLiteral("拖码个数："), kMostDrags);
     blues_ = AddCount(counts, "CBOblue", QStringLiteral("蓝球个数："), kBlues);
+    AddButton(counts, "Command1", QStringLiteral("计算"), [this] { PriceBankerBet(); });
     auto* price = AddRow(group);
     AddLabel(price, nullptr, QStringLiteral("金额："));
     bankerPrice_ = AddLabel(price, "LBLdtJG", {});
     bankerPrice_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    AddButton(price, "Command1", QStringLiteral("计算"), [this] { PriceBankerBet(); });
 }
 
 void frmDFjishuan::BuildMultipleBet(QBoxLayout& column) {
@@ -57,10 +57,10 @@ void frmDFjishuan::BuildMultipleBet(QBoxLayout& column) {
     auto* counts = AddRow(group);
     multipleReds_ = AddCount(counts, "cboHong", QStringLiteral("红球个数："), kReds);
     multipleBlues_ = AddCount(counts, "cboFblue", QStringLiteral("蓝球个数："), kBlues);
+    AddButton(counts, "Command2", QStringLiteral("计算"), [this] { PriceMultipleBet(); });
     auto* price = AddRow(group);
     multiplePrice_ = AddTextBox(price, "txtFjg", QStringLiteral("金额："));
     multiplePrice_->setReadOnly(true);
-    AddButton(price, "Command2", QStringLiteral("计算"), [this] { PriceMultipleBet(); });
 }
 
 void frmDFjishuan::PriceBankerBet() {

@@ -53,7 +53,7 @@ bool StoreCounts(Session& session, const std::string& named) {
         sql += std::to_string(RegexCount(hm, named)) + ")";
         if (!ExecuteOrTell(session, sql)) return false;
     }
-    return true;
+    return CommitOrTell(session, batch);
 }
 
 ResultGrid EmptyGrid(const NextDraw& next) {

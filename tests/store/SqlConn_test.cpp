@@ -42,10 +42,14 @@ class OpenFailure : public testing::Test {
 };
 
 TEST_F(OpenFailure, IsToldForWhatIsNoDatabase) {
-    EXPECT_THAT(Refusal(folder.path() / "none.mdb"), HasSubstr("unable to open"));
+    EXPECT_THAT(Refusal(folder.path() / "none.mdb"), HasSubstr("找不到数据库文件"));
     EXPECT_FALSE(fs::exists(folder.path() / "none.mdb"));
     EXPECT_THAT(Refusal(folder.path()), HasSubstr("unable to open"));
-    EXPECT_THAT(Refusal(folder.Write("empty.mdb", "")), HasSubstr("not a database"));
+    for (const char* tooShort : {"", "x"}) {
+        const fs::path file = folder.Write("short.mdb", tooShort);
+        EXPECT_THAT(Refusal(file), HasSubstr("not a database"));
+        EXPECT_EQ(Bytes(file), tooShort);
+    }
     EXPECT_THAT(Refusal(folder.Write("text.mdb", std::string(9000, 'x'))),
                 HasSubstr("not a database"));
     EXPECT_THAT(Refusal(folder.Write("cut.mdb", delivered.substr(0, delivered.size() / 2))),
@@ -53,18 +57,29 @@ TEST_F(OpenFailure, IsToldForWhatIsNoDatabase) {
     std::string scratched = delivered;
     scratched.replace(scratched.size() / 2, 4096, 4096, '\xff');
     EXPECT_NE(Refusal(folder.Write("scratched.mdb", scratched)), "");
+    constexpr std::size_t kLayoutByte = 63;  // the last one of user_version in the file's header
+    std::string newer = delivered;
+    ++newer[kLayoutByte];
+    const fs::path file = folder.Write("newer.mdb", newer);
+    EXPECT_THAT(Refusal(file), HasSubstr("请先升级"));
+    EXPECT_EQ(Bytes(file), newer);
 }
 
-TEST_F(OpenFailure, IsToldForALockedFile) {
+TEST_F(OpenFailure, IsToldForALockedFileUntilItIsFree) {
     const fs::path file = folder.Write("locked.mdb", delivered);
     sqlite3* other = nullptr;
     ASSERT_EQ(sqlite3_open(file.c_str(), &other), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(other, "begin exclusive", nullptr, nullptr, nullptr), SQLITE_OK);
     EXPECT_THAT(Refusal(file), HasSubstr("locked"));
-    sqlite3_close(other);
-    Connection connection;
+    TestHost host;
+    Session session(host, folder.path());
     std::string errorText;
-    EXPECT_TRUE(connection.Open(file, errorText)) << errorText;
+    EXPECT_FALSE(session.connection.Open(file, errorText));
+    EXPECT_FALSE(ExecuteOrTell(session, "delete from trate"));
+    sqlite3_close(other);
+    EXPECT_TRUE(ExecuteOrTell(session, "delete from trate"));
+    EXPECT_EQ(session.LatestIssue, "2026114");
+    EXPECT_EQ(host.Texts(), std::vector{errorText});
 }
 
 TEST_F(OpenFailure, IsNoneForAPathOfAnyBytesOrOddNames) {
@@ -107,12 +122,13 @@ TEST(OpenDatabase, TellsTheUserAndGoesOn) {
     TempFolder folder;
     TestHost host;
     Session session(host, folder.path());
-    OpenDatabase(session);
-    ASSERT_EQ(host.boxes.size(), 1U);
-    EXPECT_EQ(host.boxes[0].title, "提示");
-    EXPECT_FALSE(ExecuteOrTell(session, "delete from trate"));
-    ASSERT_EQ(host.boxes.size(), 2U);
-    EXPECT_EQ(host.boxes[1], host.boxes[0]);
+    for (const bool starting : {true, false}) {
+        session.isStarting = starting;
+        if (starting) OpenDatabase(session);
+        EXPECT_FALSE(ExecuteOrTell(session, "delete from trate"));
+        ASSERT_EQ(host.boxes.size(), starting ? 1U : 2U);
+        EXPECT_EQ(host.boxes.back(), host.boxes.front());
+    }
 }
 
 TEST(Connection, SaysThatItIsClosed) {

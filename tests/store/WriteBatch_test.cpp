@@ -85,6 +85,56 @@ TEST_F(WriteBatchTest, NestsInsideARunAndInsideAPump) {
     EXPECT_EQ(RowsOnDisk(), 24);
 }
 
+TEST_F(WriteBatchTest, StaysClosedBetweenTheBoxesOfARunWithoutABatch) {
+    std::vector<bool> open;
+    bool inside = false;
+    database.host().onPump = [&] {
+        if (inside) return;
+        inside = true;
+        for (int box = 0; box < 2; ++box) {
+            Pump();
+            open.push_back(database.session().connection.InTransaction());
+        }
+    };
+    const WriteBatch batch(database.session().host, database.session().connection);
+    Insert(1);
+    Pump();
+    EXPECT_THAT(open, ElementsAre(false, false));
+    EXPECT_TRUE(database.session().connection.InTransaction());
+}
+
+// A deferred key that points nowhere lets every statement pass and the commit fail.
+TEST_F(WriteBatchTest, EndsTheRunWhoseCommitFails) {
+    database.Run("pragma foreign_keys=on");
+    database.Run("create table parent(id integer primary key)");
+    database.Run("create table child(id integer references parent deferrable initially deferred)");
+    bool inPump = false;
+    database.host().onPump = [&] { inPump = ExecuteOrTell(database.session(), "select 1"); };
+    for (const bool pumps : {true, false}) {
+        std::string errorText;
+        WriteBatch batch(database.session().host, database.session().connection);
+        Insert(1);
+        Pump();
+        database.Run("insert into child values(7)");
+        WriteBatch inner(database.session().host, database.session().connection);
+        if (pumps) {
+            Pump();
+            EXPECT_TRUE(inPump);
+            Recordset rows;
+            EXPECT_FALSE(database.session().connection.OpenQuery("select 1", errorText, rows));
+            EXPECT_THAT(errorText, testing::HasSubstr("FOREIGN KEY"));
+        }
+        EXPECT_EQ(inner.Commit(errorText), !pumps);
+        errorText.clear();
+        EXPECT_FALSE(batch.Commit(errorText));
+        EXPECT_THAT(errorText, testing::HasSubstr("FOREIGN KEY"));
+        EXPECT_FALSE(database.session().connection.InTransaction());
+    }
+    EXPECT_EQ(RowsOnDisk(), 2);
+    EXPECT_EQ(database.Run("select * from child").recordcount(), 0);
+    EXPECT_THAT(database.host().Texts(), ElementsAre("pump", "pump", "pump"));
+}
+
 TEST_F(WriteBatchTest, SurvivesAConnectionClosedInAPump) {
     database.host().onPump = [&] { database.session().connection.Close(); };
     {
@@ -95,15 +145,6 @@ TEST_F(WriteBatchTest, SurvivesAConnectionClosedInAPump) {
     }
     EXPECT_EQ(RowsOnDisk(), 2);
     EXPECT_THAT(database.host().Texts(), ElementsAre("pump"));
-}
-
-TEST_F(WriteBatchTest, SurvivesAConnectionClosedInTheMiddle) {
-    {
-        const WriteBatch batch(database.session().host, database.session().connection);
-        Insert(2);
-        database.session().connection.Close();
-    }
-    EXPECT_EQ(RowsOnDisk(), 2);
 }
 
 // Writes without end in a process of its own, telling the count after each pump, until killed.

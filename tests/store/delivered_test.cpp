@@ -49,7 +49,7 @@ TEST_F(DeliveredTest, HoldsThePrizesAndLeavesTheUnknownOpen) {
               // 4*9565716+87*262397+1349*3000+66882*200+1263132*10+8558894*5
               "2016100|960230040|335027586|4|9565716|38262864|8558894|5|42794470|133940593\n"
               "2026114|941868611|339993172|11|5775578|63531358||||\n");
-    EXPECT_EQ(Rows("select count(*),min(kjqh),max(kjqh) from cpjc"), "3422|2004001|2026114\n");
+    EXPECT_EQ(Rows("select count(*),min(kjqh),max(kjqh) from cpjc"), "3511|2003001|2026114\n");
 }
 
 TEST_F(DeliveredTest, ShowsTheDrawsThroughItsViews) {
@@ -62,8 +62,8 @@ TEST_F(DeliveredTest, ShowsTheDrawsThroughItsViews) {
               "3511|3403\n");
     EXPECT_EQ(Rows("select a1,a2,a3,a4,a5,a6,a7 from vcphm where kjqh in (2003001,2026114)"),
               "26|28|11|13|10|12|11\n7|18|23|24|29|31|10\n");
-    EXPECT_EQ(Rows("select kjqh,kjhm,xqjc from cphmjc where kjqh>=2026114 or kjqh<2004001"),
-              "2026114|07,18,23,24,29,31|941868611\n");
+    EXPECT_EQ(Rows("select kjqh,kjhm,xqjc from cphmjc where kjqh>=2026114 or kjqh<2003002"),
+              "2003001|10,11,12,13,26,28|\n2026114|07,18,23,24,29,31|941868611\n");
 }
 
 TEST_F(DeliveredTest, RoundsTheReturnRatioAsTheProgramRounds) {
