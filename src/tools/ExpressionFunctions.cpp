@@ -142,10 +142,12 @@ Value ReplaceText(Arguments arguments) {
     for (; left != 0; --left) {
         const std::size_t at = searched.find(part, done);
         if (at == std::string::npos) break;
-        replaced = Bounded(replaced.append(text, done, at - done).append(with));
+        replaced.append(text, done, at - done).append(with);
+        RequireLength(replaced.size());
         done = at + part.size();
     }
-    return Bounded(replaced.append(text, done));
+    RequireLength(replaced.size() + text.size() - done);
+    return replaced.append(text, done);
 }
 
 Value StrReverse(Arguments arguments) {
@@ -211,8 +213,9 @@ Value StringOf(Arguments arguments) {
     const std::string unit = IsText(arguments[1]) ? Characters(ToText(arguments[1]), 1, 1)
                                                   : CharacterOf(ToWhole(arguments[1]) % kCodes);
     if (unit.empty()) RefuseArgument();
+    RequireLength(count * unit.size());
     std::string text;
-    for (std::size_t i = 0; i < count; ++i) text = Bounded(std::move(text.append(unit)));
+    for (std::size_t i = 0; i < count; ++i) text += unit;
     return text;
 }
 

@@ -52,11 +52,16 @@ double Divide(double left, double right) {
     return Finite(left / right);
 }
 
+Value Joined(const std::string& left, const std::string& right) {
+    RequireLength(left.size() + right.size());
+    return left + right;
+}
+
 // Per the language reference: two texts are joined, an Empty leaves the other operand unchanged
 // (two of them give 0), and everything else is added.
 Value Plus(const Value& left, const Value& right) {
     if (IsText(left) && IsText(right)) {
-        return Bounded(std::get<std::string>(left) + std::get<std::string>(right));
+        return Joined(std::get<std::string>(left), std::get<std::string>(right));
     }
     if (IsEmpty(left) && IsEmpty(right)) return 0.0;
     if (IsEmpty(left)) return right;
@@ -113,7 +118,7 @@ Value ApplyOperator(ExpressionOperator op, const Value& left, const Value& right
         case kMinus:
             return Finite(ToNumber(left) - ToNumber(right));
         case kConcatenate:
-            return Bounded(ToText(left) + ToText(right));
+            return Joined(ToText(left), ToText(right));
         case kEqual:
             return Compare(left, right) == 0;
         case kNotEqual:

@@ -89,9 +89,8 @@ double Finite(double value) {
     return value;
 }
 
-std::string Bounded(std::string text) {
-    if (text.size() > kLongestExpressionText) throw ExpressionFault{"文字太长"};
-    return text;
+void RequireLength(std::size_t bytes) {
+    if (bytes > kLongestExpressionText) throw ExpressionFault{"文字太长"};
 }
 
 }  // namespace ssq

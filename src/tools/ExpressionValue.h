@@ -44,7 +44,7 @@ std::string ToText(const ExpressionValue& value);
 // The number; a fault when a calculation left the range of double precision.
 double Finite(double value);
 
-// The text; a fault when it is too long.
-std::string Bounded(std::string text);
+// A fault when a text would have more bytes than a formula may hold.
+void RequireLength(std::size_t bytes);
 
 }  // namespace ssq

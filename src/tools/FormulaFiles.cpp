@@ -19,7 +19,7 @@ constexpr const char* kLineEnd = "\r\n";
 constexpr std::string_view kRateMark = "正确率:";
 constexpr std::size_t kRateCharacters = 5;
 // Far above any list of formulas; a larger file was chosen by mistake.
-constexpr std::size_t kLargestFile = std::size_t{1} << 20;  // bytes
+constexpr std::size_t kLargestFile = std::size_t{1} << 16;  // bytes
 
 // "yymmdd-hh.mm.ss" of now.
 std::string FileTime() {

@@ -76,6 +76,12 @@ std::optional<double> EvaluateNumber(std::string_view expression, std::string& r
     return number;
 }
 
+std::string Quoted(const std::string& formula) {
+    constexpr std::size_t kLongest = 200;  // characters that a box shows well
+    const std::string start = Characters(formula, 1, kLongest);
+    return "“" + start + (start.size() < formula.size() ? "…”" : "”");
+}
+
 std::string TailOf(std::string_view twoDigits) {
     return "0" + std::string(twoDigits.substr(1, 1));
 }
@@ -144,12 +150,14 @@ std::optional<std::string> EvaluateFormulas(const Draw& draw,
     const FormulaNames names(draw);
     std::string list;
     for (const std::string& formula : formulas) {
-        const std::string expression = names.Fill(formula);
+        // A formula that is too long is refused as it is.
+        const std::string expression =
+            formula.size() > kLongestExpression ? formula : names.Fill(formula);
         std::string reason;
         const auto value = EvaluateNumber(expression, reason);
         if (!value) {
-            errorText = "公式“" + formula + "”代入" + draw.issue + "期的号码后是“" + expression +
-                        "”，" + reason + "！";
+            errorText = "公式" + Quoted(formula) + "代入" + draw.issue + "期的号码后是" +
+                        Quoted(expression) + "，" + reason + "！";
             return std::nullopt;
         }
         std::string item = WholeText(*value);
