@@ -89,7 +89,7 @@ void CompareWays(const std::string& counts, ssq::BetColumns& columns) {
                 Outcome fast;
                 const double literalSeconds =
                     ssq::SecondsOf(1, [&] { literal = WalkLiterally(plan); });
-                const double seconds = ssq::SecondsOf(5, [&] { fast = Filter(plan, columns); });
+                const double seconds = ssq::SecondsOf(15, [&] { fast = Filter(plan, columns); });
                 const std::string what = std::to_string(lists) + " lists /" + counts + ", " +
                                          (attributes ? "8" : "0") + " attributes, tolerance " +
                                          std::to_string(tolerance) + ", " +

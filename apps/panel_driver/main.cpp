@@ -1,11 +1,10 @@
 // panel_driver FOLDER: the real program on the given folder, driven by one JSON object per line.
-#include <QApplication>
 #include <cstdio>
 
 #include "Driver.h"
 #include "ScriptDesktop.h"
 #include "app/Program.h"
-#include "ui/qt/look.h"
+#include "ui/qt/Application.h"
 
 namespace {
 
@@ -20,15 +19,15 @@ void Print(QtMsgType, const QMessageLogContext&, const QString& text) {
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(Print);
-    QApplication application(argc, argv);
+    ssq::ScriptDesktop desktop;
+    ssq::Application application(argc, argv, desktop);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 2) {
         std::fputs("usage: panel_driver FOLDER\n", stderr);
         return 2;
     }
-    ssq::ApplyLook(application);
-    ssq::ScriptDesktop desktop;
     ssq::Program program(desktop, arguments[1].toStdString());
+    application.onTerminate = [&program] { program.End(); };
     ssq::Driver driver(program, desktop);
     program.Start();
     driver.Start();

@@ -1,15 +1,13 @@
 // Entry of the program.
-#include <QApplication>
-
 #include "app/Program.h"
+#include "ui/qt/Application.h"
 #include "ui/qt/Desktop.h"
-#include "ui/qt/look.h"
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    ssq::ApplyLook(application);
     ssq::SystemDesktop desktop;
+    ssq::Application application(argc, argv, desktop);
     ssq::Program program(desktop, QApplication::applicationDirPath().toStdString());
+    application.onTerminate = [&program] { program.End(); };
     program.Start();
     return QApplication::exec();
 }

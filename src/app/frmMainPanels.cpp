@@ -5,9 +5,17 @@
 #include "acquire/frmSale.h"
 #include "banker/frmXUEXI.h"
 #include "banker/frmxxjl.h"
+#include "charts/frmLHzst.h"
+#include "charts/frmWeiHangLie.h"
+#include "charts/frmWeiShu.h"
+#include "charts/frmWeizhi1107568.h"
 #include "charts/frmZST.h"
 #include "history/frmHistory.h"
 #include "kill/frmSHAMA.h"
+#include "stats/frmBianMa.h"
+#include "stats/frmHongHaomaGens.h"
+#include "stats/frmJianGe.h"
+#include "stats/frmLengRe.h"
 #include "tools/ZDY_XDM.h"
 #include "tools/frmDFjishuan.h"
 #include "tools/frmLSBJ.h"
@@ -35,17 +43,26 @@ std::pair<const QString, Make<Panel>> Modeless(const char* name) {
 
 const std::map<QString, Make<Panel>>& Panels() {
     static const std::map<QString, Make<Panel>> kPanels = {
+        Modeless<ZDY_XDM>("ZDY_XDM"),
+        Modeless<frm18MaWeiHong>("frm18MaWeiHong"),
+        Modeless<frmBianMa>("frmBianMa"),
+        Modeless<frmDFjishuan>("frmDFjishuan"),
+        Modeless<frmHeZhi>("frmHeZhi"),
         Modeless<frmHistory>("frmHistory"),
+        Modeless<frmHongHaomaGens>("frmHongHaomaGens"),
+        Modeless<frmJianGe>("frmJianGe"),
+        Modeless<frmLHzst>("frmLHzst"),
+        Modeless<frmLSBJ>("frmLSBJ"),
+        Modeless<frmLengRe>("frmLengRe"),
+        Modeless<frmMtoN>("frmMtoN"),
         Modeless<frmSHAMA>("frmSHAMA"),
         Modeless<frmSale>("frmSale"),
         Modeless<frmShaHao>("frmShaHao"),
-        Modeless<frmZST>("frmZST"),
-        Modeless<ZDY_XDM>("ZDY_XDM"),
-        Modeless<frmLSBJ>("frmLSBJ"),
-        Modeless<frmMtoN>("frmMtoN"),
-        Modeless<frmDFjishuan>("frmDFjishuan"),
-        Modeless<frm18MaWeiHong>("frm18MaWeiHong"),
+        Modeless<frmWeiHangLie>("frmWeiHangLie"),
         Modeless<frmWeiLan>("frmWeiLan"),
+        Modeless<frmWeiShu>("frmWeiShu"),
+        Modeless<frmWeizhi1107568>("frmWeizhi1107568"),
+        Modeless<frmZST>("frmZST"),
     };
     return kPanels;
 }

@@ -1,5 +1,6 @@
 #include "base/numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -89,6 +90,16 @@ std::int64_t WholePart(double value) {
 
 std::int64_t WholePart(std::string_view text) {
     return WholePart(ParseNumber(text).value_or(0));
+}
+
+std::vector<int> IntList(std::string_view list) {
+    constexpr std::int64_t kLowest = std::numeric_limits<int>::min();
+    constexpr std::int64_t kHighest = std::numeric_limits<int>::max();
+    std::vector<int> numbers;
+    for (const std::string& item : Split(list, ",")) {
+        numbers.push_back(static_cast<int>(std::clamp(WholePart(Val(item)), kLowest, kHighest)));
+    }
+    return numbers;
 }
 
 double Round(double value) {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ssq {
 
@@ -25,6 +26,9 @@ std::int64_t WholePart(std::string_view text);
 
 // The same of a number.
 std::int64_t WholePart(double value);
+
+// The leading whole numbers of the items of a comma text, held to the range of an int.
+std::vector<int> IntList(std::string_view list);
 
 // Two decimals, ties to the even digit.
 double Round(double value);

@@ -1,7 +1,8 @@
 #include "bets/BetFilter.h"
 
-#include <algorithm>
+#include <array>
 #include <bit>
+#include <utility>
 
 #include "base/combinations.h"
 
@@ -16,11 +17,6 @@ constexpr int kThirdEnd = kReds - kUpperReds + 1;
 
 std::size_t Index(int number) {
     return static_cast<std::size_t>(number);
-}
-
-// The members above a red.
-RedSet Above(RedSet set, int red) {
-    return set.Minus(red).Plus(red);
 }
 
 // The first place of the bets with these lower reds.
@@ -73,73 +69,29 @@ std::vector<std::uint32_t> BetMatches::Places() const {
 
 BetFilter::BetFilter(const BetPlan& plan, RedSet previous, BetColumns& columns)
     : usable_(plan.Usable()), bankers_(plan.bankers), tolerance_(plan.tolerance) {
-    for (const bool must : {true, false}) {
-        for (std::size_t i = 0; i < plan.conditions.size(); ++i) {
-            const BetCondition& condition = plan.conditions[i];
-            if (condition.must != must) continue;
-            if (condition.attribute < 0) {
-                lists_.push_back({i, condition.numbers, condition.values});
-                continue;
-            }
-            const BetAttribute& attribute = BetAttributes()[Index(condition.attribute)];
-            if (attribute.counted != nullptr) {
-                lists_.push_back({i, attribute.counted(previous), condition.values});
-            } else {
-                bytes_.push_back({i, columns.Of(condition.attribute, previous).data(),
-                                  IntervalsOf(condition.values)});
-            }
-        }
-        if (must) {
-            mustLists_ = lists_.size();
-            mustBytes_ = bytes_.size();
-        }
+    for (std::size_t i = 0; i < plan.conditions.size(); ++i) {
+        Bind(plan.conditions[i], i, previous, columns);
     }
     outside_.resize(Index(kThirdEnd));
     for (int third = kUpperReds; third < kThirdEnd; ++third) {
         outside_[Index(third)] = TriplesOutside(third, usable_, bankers_);
     }
-    MakeLists();
 }
 
-void BetFilter::MakeLists() {
-    failing_.resize(lists_.size());
-    states_.resize(StateIndex(kThirdEnd, 0));
-    members_.resize(Index(kReds + 1) * lists_.size());
-    for (std::size_t i = 0; i < lists_.size(); ++i) {
-        const ListCondition& list = lists_[i];
-        const auto byCount = TriplesByCount(list.numbers);
-        for (std::size_t lower = 0; lower < kLowerCounts; ++lower) {
-            for (std::size_t upper = 0; upper < byCount.size(); ++upper) {
-                if (list.counts[lower + upper]) continue;
-                for (std::size_t word = 0; word < kBetRowWords; ++word) {
-                    failing_[i][lower].words[word] |= byCount[upper].words[word];
-                }
-            }
-        }
-        for (int third = kUpperReds; third < kThirdEnd; ++third) {
-            for (int lower = 0; lower <= kUpperReds; ++lower) {
-                states_[StateIndex(third, lower) + i] = StateOf(list, third, lower);
-            }
-        }
-        for (int red = 1; red <= kReds; ++red) {
-            members_[Index(red) * lists_.size() + i] = list.numbers.Has(red) ? 1 : 0;
-        }
+void BetFilter::Bind(const BetCondition& condition, std::size_t index, RedSet previous,
+                     BetColumns& columns) {
+    Conditions& conditions = condition.must ? musts_ : others_;
+    if (condition.attribute < 0) {
+        conditions.lists.push_back({index, condition.numbers, condition.values});
+        return;
     }
-}
-
-BetFilter::State BetFilter::StateOf(const ListCondition& list, int third, int lowerCount) const {
-    const RedSet upper = Above(usable_, third);
-    const int listed = upper.CountIn(list.numbers);
-    const int others = upper.Count() - listed;
-    bool some = false;
-    bool all = true;
-    for (int count = std::max(0, kUpperReds - others); count <= std::min(kUpperReds, listed);
-         ++count) {
-        const bool fails = !list.counts[Index(lowerCount + count)];
-        some = some || fails;
-        all = all && fails;
+    const BetAttribute& attribute = BetAttributes()[Index(condition.attribute)];
+    if (attribute.counted != nullptr) {
+        conditions.lists.push_back({index, attribute.counted(previous), condition.values});
+    } else {
+        conditions.bytes.push_back({index, columns.Of(condition.attribute, previous).data(),
+                                    IntervalsOf(condition.values)});
     }
-    return all ? kAllFail : some ? kSomeFail : kNoneFails;
 }
 
 // Calls atPair(a, b) and then atPrefix(a, b, c) for the lower reds that candidates can have.
@@ -167,14 +119,17 @@ std::int32_t BetFilter::CountCandidates() const {
 }
 
 std::vector<std::int32_t> BetFilter::CountByCondition() const {
-    std::vector<std::int32_t> counts(lists_.size() + bytes_.size());
-    for (const ListCondition& list : lists_) counts[list.index] = CountOf(list);
-    for (const ByteCondition& condition : bytes_) counts[condition.index] = CountOf(condition);
+    std::vector<std::int32_t> counts(musts_.lists.size() + musts_.bytes.size() +
+                                     others_.lists.size() + others_.bytes.size());
+    for (const Conditions* conditions : {&musts_, &others_}) {
+        for (const auto& list : conditions->lists) counts[list.index] = CountOf(list);
+        for (const auto& bytes : conditions->bytes) counts[bytes.index] = CountOf(bytes);
+    }
     return counts;
 }
 
 // The reds that join the bankers are drawn from two urns: those of the list and the others.
-std::int32_t BetFilter::CountOf(const ListCondition& list) const {
+std::int32_t BetFilter::CountOf(const BetListCondition& list) const {
     const RedSet urn = usable_.Without(bankers_);
     const int listed = urn.CountIn(list.numbers);
     const int drawn = kRedsInBet - bankers_.Count();
@@ -205,93 +160,73 @@ BetByteTest BetFilter::TestOf(const ByteCondition& condition, std::uint32_t plac
             FirstLane(third)};
 }
 
-// One walk over the prefixes: what changes with the lower reds.
-struct BetFilter::Walk {
-    explicit Walk(const BetFilter& owner)
-        : filter(owner),
-          pairCounts(owner.lists_.size()),
-          rows(owner.lists_.size() + 1),
-          tests(owner.bytes_.size()) {}
+// One way through the prefixes.
+class BetFilter::Walk {
+  public:
+    explicit Walk(const BetFilter& filter)
+        : filter_(filter),
+          mustTable_(filter.musts_.lists, filter.usable_),
+          table_(filter.others_.lists, filter.usable_),
+          musts_(mustTable_),
+          others_(table_),
+          mustTests_(filter.musts_.bytes.size()),
+          tests_(filter.others_.bytes.size()) {}
 
     void AtPair(int a, int b) {
-        const std::uint8_t* first = Members(a);
-        const std::uint8_t* second = Members(b);
-        for (std::size_t i = 0; i < pairCounts.size(); ++i) {
-            pairCounts[i] = static_cast<std::uint8_t>(first[i] + second[i]);
-        }
+        musts_.SetPair(a, b);
+        others_.SetPair(a, b);
     }
 
     void AtPrefix(int a, int b, int c) {
-        BetRowSum sum;
-        int spent = 0;
-        const std::size_t mustRows = Collect(c, 0, filter.mustLists_, 0, 0, spent);
-        if (mustRows == kFailed) return;
-        const std::size_t end =
-            Collect(c, filter.mustLists_, filter.lists_.size(), mustRows, filter.tolerance_, spent);
-        if (end == kFailed) return;
+        if (musts_.SetThird(c, 1) > 0) return;
+        const int spent = others_.SetThird(c, filter_.tolerance_ + 1);
+        if (spent > filter_.tolerance_) return;
         const std::uint32_t place = FirstPlaceOf(a, b, c);
-        for (std::size_t i = 0; i < tests.size(); ++i) {
-            tests[i] = TestOf(filter.bytes_[i], place, c);
-        }
-        sum.outside = &filter.outside_[Index(c)];
-        sum.mustRows = {rows.data(), mustRows};
-        sum.rows = {rows.data() + mustRows, end - mustRows};
-        sum.mustBytes = {tests.data(), filter.mustBytes_};
-        sum.bytes = {tests.data() + filter.mustBytes_, tests.size() - filter.mustBytes_};
-        sum.tolerance = filter.tolerance_ - spent;
+        const BetRowSum sum{&filter_.outside_[Index(c)],
+                            musts_.CollectRows(),
+                            TestsAt(filter_.musts_, place, c, mustTests_),
+                            others_.CollectRows(),
+                            TestsAt(filter_.others_, place, c, tests_),
+                            filter_.tolerance_ - spent};
         std::array<BetLane, kBetRowLanes> passing;
         const std::size_t firstLane = FirstLane(c);
         sum.Passing(firstLane, passing.data());
-        AddMatches(place - static_cast<std::uint32_t>(FirstTriple(c)), firstLane, passing);
-    }
-
-    static constexpr std::size_t kFailed = ~std::size_t{0};
-
-    // Puts the rows of those lists of [begin, end) that fail for some triples at `rows` from `row`
-    // on and returns where they end; kFailed when more than `tolerance` fail for all triples.
-    std::size_t Collect(int c, std::size_t begin, std::size_t end, std::size_t row, int tolerance,
-                        int& spent) {
-        const std::uint8_t* third = Members(c);
-        const std::uint8_t* states = &filter.states_[filter.StateIndex(c, 0)];
-        const std::size_t lists = filter.lists_.size();
-        for (std::size_t i = begin; i < end; ++i) {
-            const std::size_t lower = pairCounts[i] + third[i];
-            const std::uint8_t state = states[lower * lists + i];
-            rows[row] = &filter.failing_[i][lower];
-            row += state == kSomeFail ? 1 : 0;
-            if (state == kAllFail && ++spent > tolerance) return kFailed;
-        }
-        return row;
-    }
-
-    void AddMatches(std::uint32_t placeOfBit0, std::size_t firstLane,
-                    const std::array<BetLane, kBetRowLanes>& passing) {
         for (std::size_t lane = firstLane; lane < kBetRowLanes; ++lane) {
             for (std::size_t half = 0; half < 2; ++half) {
                 const BetWord bits = passing[lane - firstLane][half];
-                if (bits == 0) continue;
                 const std::size_t bit = lane * kBetLaneBits + half * kBetWordBits;
-                matches.Add(placeOfBit0 + static_cast<std::uint32_t>(bit), bits);
+                const auto first = static_cast<std::uint32_t>(place + bit - FirstTriple(c));
+                if (bits != 0) matches_.Add(first, bits);
             }
         }
     }
 
-    const std::uint8_t* Members(int red) const {
-        return filter.members_.data() + Index(red) * filter.lists_.size();
+    BetMatches TakeMatches() { return std::move(matches_); }
+
+  private:
+    static std::span<const BetByteTest> TestsAt(const Conditions& conditions, std::uint32_t place,
+                                                int third, std::vector<BetByteTest>& tests) {
+        for (std::size_t i = 0; i < tests.size(); ++i) {
+            tests[i] = TestOf(conditions.bytes[i], place, third);
+        }
+        return tests;
     }
 
-    const BetFilter& filter;
-    std::vector<std::uint8_t> pairCounts;
-    std::vector<const BetRow*> rows;
-    std::vector<BetByteTest> tests;
-    BetMatches matches;
+    const BetFilter& filter_;
+    BetListTable mustTable_;
+    BetListTable table_;
+    BetListTable::Walk musts_;
+    BetListTable::Walk others_;
+    std::vector<BetByteTest> mustTests_;
+    std::vector<BetByteTest> tests_;
+    BetMatches matches_;
 };
 
 BetMatches BetFilter::Remaining() const {
     Walk walk(*this);
     ForEachPrefix([&](int a, int b) { walk.AtPair(a, b); },
                   [&](int a, int b, int c) { walk.AtPrefix(a, b, c); });
-    return std::move(walk.matches);
+    return walk.TakeMatches();
 }
 
 }  // namespace ssq

@@ -6,6 +6,7 @@
 
 #include "base/RedSet.h"
 #include "bets/BetAttributes.h"
+#include "bets/BetListTable.h"
 #include "bets/BetPlan.h"
 #include "bets/BetRows.h"
 
@@ -37,8 +38,8 @@ class BetMatches {
 // going through all combinations a matter of milliseconds, so that it can be done at each key.
 //
 // A bet is three lower reds, walked over, and three upper ones, which are bits of a row (BetRows).
-// A list asks its count of the lower reds once for many bets: what remains of it are the triples
-// that fail then, and where none or all of them do, nothing is left to be added.
+// A list asks its count of the lower reds once for many bets (BetListTable): what remains of it are
+// the triples that fail then, and where none or all of them do, nothing is left to be added.
 class BetFilter {
   public:
     // `columns` must outlive the filter, and the draw before stay the same meanwhile.
@@ -52,52 +53,34 @@ class BetFilter {
     BetMatches Remaining() const;
 
   private:
-    static constexpr std::size_t kLowerCounts = 4;  // 0 to 3 of the lower reds
-
-    // So many reds out of a set.
-    struct ListCondition {
-        std::size_t index;  // in the plan
-        RedSet numbers;
-        BetValues counts;
-    };
     // An attribute that has to be looked up for each combination.
     struct ByteCondition {
-        std::size_t index;
+        std::size_t index;  // in the plan
         const std::uint8_t* column;
         std::vector<BetByteTest::Interval> intervals;
     };
-    // What the triples above a third red say of a list when the lower reds are known.
-    enum State : std::uint8_t { kNoneFails, kSomeFail, kAllFail };
+    // The conditions that must be met, or those within the tolerance.
+    struct Conditions {
+        std::vector<BetListCondition> lists;
+        std::vector<ByteCondition> bytes;
+    };
 
-    struct Walk;
+    class Walk;
 
-    void MakeLists();
-    State StateOf(const ListCondition& list, int third, int lowerCount) const;
+    void Bind(const BetCondition& condition, std::size_t index, RedSet previous,
+              BetColumns& columns);
     template <typename AtPair, typename AtPrefix>
     void ForEachPrefix(AtPair atPair, AtPrefix atPrefix) const;
-    std::int32_t CountOf(const ListCondition& list) const;
+    std::int32_t CountOf(const BetListCondition& list) const;
     std::int32_t CountOf(const ByteCondition& condition) const;
     static BetByteTest TestOf(const ByteCondition& condition, std::uint32_t place, int third);
-    std::size_t StateIndex(int third, int lowerCount) const {
-        return (static_cast<std::size_t>(third) * kLowerCounts +
-                static_cast<std::size_t>(lowerCount)) *
-               lists_.size();
-    }
 
     RedSet usable_;
     RedSet bankers_;
     int tolerance_;
-    // First the conditions that must be met, then the others.
-    std::vector<ListCondition> lists_;
-    std::vector<ByteCondition> bytes_;
-    std::size_t mustLists_ = 0;
-    std::size_t mustBytes_ = 0;
-
+    Conditions musts_;
+    Conditions others_;
     std::vector<BetRow> outside_;  // by third red: the triples that no candidate has
-    // By list and count among the lower reds: the triples that fail.
-    std::vector<std::array<BetRow, kLowerCounts>> failing_;
-    std::vector<std::uint8_t> states_;   // by third red, count among the lower reds and list
-    std::vector<std::uint8_t> members_;  // by red and list: 1 where the list has it
 };
 
 }  // namespace ssq

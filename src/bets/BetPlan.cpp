@@ -55,7 +55,7 @@ std::size_t Index(BetStatement statement) {
 std::vector<std::string_view> Items(std::string_view text) {
     std::vector<std::string_view> items;
     while (!text.empty()) {
-        const std::size_t end = std::min(text.find_first_of(kItemSeparators), text.size());
+        const std::size_t end = std::min(text.find_first_of(", "), text.size());
         if (end > 0) items.push_back(text.substr(0, end));
         text.remove_prefix(std::min(end + 1, text.size()));
     }

@@ -158,8 +158,9 @@ constexpr auto kPassingByPlanes =
 
 }  // namespace
 
-std::size_t TriplesAbove(int third) {
-    return static_cast<std::size_t>(Choose(RedSet::kLargest - third, kTripleSize));
+std::size_t FirstTriple(int third) {
+    const auto above = static_cast<std::size_t>(Choose(RedSet::kLargest - third, kTripleSize));
+    return kBetRowWords * kBetWordBits - above;
 }
 
 // A triple holds a red at most once, so two bit planes count up to three.
@@ -230,13 +231,13 @@ BetLane BetByteTest::Failing(std::size_t lane) const {
 }
 
 void BetRowSum::Passing(std::size_t firstLane, BetLane* lanes) const {
-    const bool spare = rows.size() + bytes.size() <= static_cast<std::size_t>(tolerance);
-    const auto planes = spare ? 0 : std::bit_width(static_cast<unsigned>(tolerance));
-    if (!spare) {
-        kPassingByPlanes[static_cast<std::size_t>(planes)](*this, firstLane, lanes);
+    if (rows.size() + bytes.size() > static_cast<std::size_t>(tolerance)) {
+        const auto planes =
+            static_cast<std::size_t>(std::bit_width(static_cast<unsigned>(tolerance)));
+        kPassingByPlanes[planes](*this, firstLane, lanes);
         return;
     }
-    BetRowSum must = *this;
+    BetRowSum must = *this;  // the others cannot fail too often
     must.rows = {};
     must.bytes = {};
     PassingLanes<0>(must, firstLane, lanes);

@@ -34,16 +34,10 @@ struct alignas(sizeof(BetLane)) BetRow {
         std::memcpy(&bits, &words[lane * 2], sizeof bits);
         return bits;
     }
-    bool Has(std::size_t bit) const {
-        return (words[bit / kBetWordBits] >> bit % kBetWordBits & 1U) != 0;
-    }
 };
 
-// How many triples lie above a third red, the bit of their first, and the lanes they take.
-std::size_t TriplesAbove(int third);
-inline std::size_t FirstTriple(int third) {
-    return kBetRowWords * kBetWordBits - TriplesAbove(third);
-}
+// The bit and the lane of the first triple above a third red.
+std::size_t FirstTriple(int third);
 inline std::size_t FirstLane(int third) {
     return FirstTriple(third) / kBetLaneBits;
 }

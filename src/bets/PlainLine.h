@@ -9,9 +9,6 @@
 
 namespace ssq {
 
-// What separates the items of a set, beside which no blanks are kept.
-inline constexpr std::string_view kItemSeparators = ", ";
-
 class PlainLine {
   public:
     // `line` is one line in UTF-8 without its end; it must stay where it is.

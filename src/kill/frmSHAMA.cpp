@@ -11,7 +11,7 @@
 #include "kill/KillSettings.h"
 #include "kill/frmSHAMAxuexi.h"
 #include "kill/frmSHAMAxxjl.h"
-#include "ui/qt/GridCopy.h"
+#include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
 #include "ui/qt/ProgressStrip.h"

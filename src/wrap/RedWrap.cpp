@@ -47,20 +47,24 @@ PairSet Range(int first, int last) {
     return set;
 }
 
-// For each length from 5 on, the pairs whose diagonal is just so long: runs[n] of those n long.
-// `step` moves the pairs one diagonal step towards the place of its head.
+// The pairs that head a diagonal, by its length and from the last one down. `step` moves a set of
+// pairs one diagonal step towards the place of its head.
 template <typename Step>
-std::array<PairSet, kWrapDepth + 1> Runs(const std::array<PairSet, kWrapDepth>& missed,
-                                         const PairSet& heads, Step step) {
-    std::array<PairSet, kWrapDepth + 1> runs;
-    PairSet reached = heads;
-    for (std::size_t depth = 1; depth <= kWrapDepth && reached.any(); ++depth) {
-        const PairSet longer = reached & step(missed[depth - 1], depth);
-        if (depth > kShortestRun) runs[depth - 1] = reached & ~longer;
-        reached = longer;
-        if (depth == kWrapDepth) runs[depth] = reached;
+std::array<std::vector<std::size_t>, kWrapDepth + 1> Diagonals(
+    const std::array<PairSet, kWrapDepth>& missed, const PairSet& heads, Step step) {
+    std::array<PairSet, kWrapDepth + 1> reached;  // heads of at least that length
+    reached[0] = heads;
+    for (std::size_t length = 1; length <= kWrapDepth; ++length) {
+        reached[length] = reached[length - 1] & step(missed[length - 1], length);
     }
-    return runs;
+    std::array<std::vector<std::size_t>, kWrapDepth + 1> byLength;
+    for (std::size_t pair = kRedPairs; pair-- > 0;) {
+        if (!reached[kShortestRun][pair]) continue;
+        std::size_t length = kShortestRun;
+        while (length < kWrapDepth && reached[length + 1][pair]) ++length;
+        byLength[length].push_back(pair);
+    }
+    return byLength;
 }
 
 class WrapList {
@@ -149,21 +153,15 @@ PairSet MissedPairs(RedSet draw) {
 std::vector<int> RedWrap(const std::array<PairSet, kWrapDepth>& missed) {
     static const PairSet kForwardHeads = Range(0, kLastForward);
     static const PairSet kBackwardHeads = Range(kFirstBackward, kRedPairs - 1);
-    const auto forward = Runs(missed, kForwardHeads,
-                              [](const PairSet& set, std::size_t depth) { return set >> depth; });
-    const auto backward = Runs(missed, kBackwardHeads,
-                               [](const PairSet& set, std::size_t depth) { return set << depth; });
+    const auto forward = Diagonals(
+        missed, kForwardHeads, [](const PairSet& set, std::size_t step) { return set >> step; });
+    const auto backward = Diagonals(
+        missed, kBackwardHeads, [](const PairSet& set, std::size_t step) { return set << step; });
     WrapList list;
     for (std::size_t length = kWrapDepth; length >= kShortestRun; --length) {
         // Forward only the last diagonal of a length counts, backward all of them.
-        for (std::size_t i = kRedPairs; i-- > 0;) {
-            if (!forward[length][i]) continue;
-            list.Add(i);
-            break;
-        }
-        for (std::size_t i = kRedPairs; i-- > 0;) {
-            if (backward[length][i]) list.Add(i);
-        }
+        if (!forward[length].empty()) list.Add(forward[length].front());
+        for (const std::size_t pair : backward[length]) list.Add(pair);
     }
     return list.Take();
 }

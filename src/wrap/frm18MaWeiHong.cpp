@@ -1,6 +1,6 @@
 #include "wrap/frm18MaWeiHong.h"
 
-#include "ui/qt/GridCopy.h"
+#include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/form.h"
 #include "wrap/RedWrap.h"

@@ -35,7 +35,7 @@ TEST(BlueWrap, FollowsTheLastFourBlues) {
 class WrapTables : public testing::Test {
   protected:
     TestDatabase database_ = TestDatabase::Delivered();
-    Run run_{database_.host()};
+    ssq::Run run_{database_.host()};
 };
 
 TEST_F(WrapTables, ABlueBehindTheNinthItemIsNoHit) {

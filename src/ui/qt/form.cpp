@@ -11,7 +11,8 @@
 #include <QRadioButton>
 
 #include "ui/qt/Desktop.h"
-#include "ui/qt/GridCopy.h"
+#include "ui/qt/ElidedGroup.h"
+#include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
 
@@ -44,7 +45,7 @@ QVBoxLayout* SetUpPanel(QWidget& panel, const char* name, const QString& title, 
 }
 
 QGroupBox* AddGroup(QBoxLayout* layout, const char* name, const QString& caption) {
-    auto* group = Named(new QGroupBox(caption), name);
+    auto* group = Named<QGroupBox>(new ElidedGroup(caption), name);
     new QVBoxLayout(group);
     layout->addWidget(group);
     return group;
