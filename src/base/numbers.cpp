@@ -143,8 +143,8 @@ std::string NumberText(double value) {
     constexpr double kLargestPlain = 1e15;
     constexpr double kSmallestPlain = 1e-7;
     const double size = std::fabs(value);
-    const auto form = size < kLargestPlain && size >= kSmallestPlain ? std::chars_format::fixed
-                                                                     : std::chars_format::general;
+    const auto form = size <= kLargestPlain && size >= kSmallestPlain ? std::chars_format::fixed
+                                                                      : std::chars_format::general;
     std::array<char, 64> buffer{};
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, form);
     return {buffer.data(), end.ptr};

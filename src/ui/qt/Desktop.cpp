@@ -106,9 +106,9 @@ QString SystemDesktop::AskSaveFile(const QString& pattern) {
                                         QFileDialog::DontConfirmOverwrite);
 }
 
-QString SystemDesktop::AskOpenFile(const QString& pattern) {
-    return QFileDialog::getOpenFileName(QApplication::activeWindow(), QStringLiteral("打开文件"),
-                                        QString(), pattern);
+QString SystemDesktop::AskOpenFile(const QString& title, const QString& folder,
+                                   const QString& pattern) {
+    return QFileDialog::getOpenFileName(QApplication::activeWindow(), title, folder, pattern);
 }
 
 void SystemDesktop::Open(const QString& urlOrFile) {

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QRadioButton>
 
 #include "ui/qt/Desktop.h"
 #include "ui/qt/ElidedGroup.h"
@@ -85,6 +86,10 @@ QLineEdit* AddTextBox(QBoxLayout* row, const char* name, const QString& label) {
     auto* box = AddLabelled(row, new QLineEdit, name, label);
     box->setMaximumWidth(kTextBoxWidth);
     return box;
+}
+
+QRadioButton* AddOption(QBoxLayout* row, const char* name, const QString& caption) {
+    return AddLabelled(row, new QRadioButton(caption), name, {});
 }
 
 QCheckBox* AddCheckBox(QBoxLayout* row, const char* name, const QString& caption) {

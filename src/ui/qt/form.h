@@ -18,6 +18,7 @@ class QLabel;
 class QLineEdit;
 class QMenu;
 class QPushButton;
+class QRadioButton;
 class QVBoxLayout;
 class QWidget;
 
@@ -46,6 +47,7 @@ IssueCombo* AddIssueCombo(QBoxLayout* row, const char* name, const QString& labe
 QComboBox* AddCombo(QBoxLayout* row, const char* name, const QString& label,
                     std::initializer_list<const char*> entries = {});
 QLineEdit* AddTextBox(QBoxLayout* row, const char* name, const QString& label);
+QRadioButton* AddOption(QBoxLayout* row, const char* name, const QString& caption);
 QCheckBox* AddCheckBox(QBoxLayout* row, const char* name, const QString& caption);
 QLabel* AddLabel(QBoxLayout* row, const char* name, const QString& text);
 QPushButton* AddButton(QBoxLayout* row, const char* name, const QString& caption,
