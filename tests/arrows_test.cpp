@@ -43,7 +43,7 @@ const std::map<std::string, Folders> kAllowed = {
     {"workbench", kAnalysis},
     {"wrap", kAnalysis},
     // The shell opens the panels and runs the commands of the menu.
-    {"app", kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "stats",
+    {"app", kAnalysis + Folders{"acquire", "banker", "bets", "charts", "history", "kill", "stats",
                                 "workbench", "wrap"}},
 };
 

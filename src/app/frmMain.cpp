@@ -51,6 +51,8 @@ void frmMain::BuildControls() {
     end_ = AddIssueCombo(query, "cboEdate", QStringLiteral("结束期号:"), "Label2");
     AddButton(query, "Command1", QStringLiteral("胆码推荐"), [this] { Recommend(); });
     AddButton(query, "Command3", QStringLiteral("购买彩票"), [this] { BuyTickets(); });
+    AddButton(query, "cmdXuanHao", QStringLiteral("选号台"),
+              [this] { panels_->Open(QStringLiteral("frmXuanHao")); });
 
     progress_ = new ProgressStrip(QStringLiteral("正在学习中......."));
     column->addWidget(progress_);
