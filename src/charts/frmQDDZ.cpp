@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "charts/NumberSegments.h"
+#include "ui/qt/Qs.h"
 
 namespace ssq {
 

@@ -194,7 +194,7 @@ HeatOrder HeatOrderOf(std::span<const Draw> window) {
     return order;
 }
 
-HeatOutcome RankByHeat(Session& session, const HeatRequest& request, Run& run) {
+HeatOutcome BuildHeatRanking(Session& session, const HeatRequest& request, Run& run) {
     if (!CheckPeriod(session, request.range)) return {};
     auto history = ReadAllDraws(session);
     if (!history) return {.report = {}, .failed = true};

@@ -207,7 +207,7 @@ std::optional<GridReport> ShowTable(Session& session, const PeriodRange& range,
 
 }  // namespace
 
-std::optional<GridReport> ShowGaps(Session& session, const PeriodRange& range) {
+std::optional<GridReport> BuildGaps(Session& session, const PeriodRange& range) {
     // The neighbours first, then the other pairs by their first position.
     return ShowTable(session, range,
                      {"jiangeTongji",
@@ -216,7 +216,7 @@ std::optional<GridReport> ShowGaps(Session& session, const PeriodRange& range) {
                       {{7, 11}}});
 }
 
-std::optional<GridReport> ShowSums(Session& session, const PeriodRange& range) {
+std::optional<GridReport> BuildSums(Session& session, const PeriodRange& range) {
     return ShowTable(
         session, range,
         {"hezitj", AppendSums, ColumnNames(PairsToQuadruples()), {{12, 21}, {32, 41}}});

@@ -35,7 +35,7 @@ bool frmHongHaomaGens::Analyse(Run& run) {
         txtHM_->setFocus();
         return false;
     }
-    return Show(FollowNumbers(session(), {range(), list, cboN_->currentIndex() + 1}, run));
+    return Show(BuildFollowStatistics(session(), {range(), list, cboN_->currentIndex() + 1}, run));
 }
 
 }  // namespace ssq

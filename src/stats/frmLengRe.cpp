@@ -36,7 +36,7 @@ frmLengRe::frmLengRe(const PanelContext& context, QWidget* parent)
 
 bool frmLengRe::Rank(Run& run) {
     HeatOutcome outcome =
-        RankByHeat(session(), {range(), cboFxqs_->currentText().toStdString()}, run);
+        BuildHeatRanking(session(), {range(), cboFxqs_->currentText().toStdString()}, run);
     Show(std::move(outcome.report));
     return !outcome.failed;
 }

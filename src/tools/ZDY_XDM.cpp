@@ -18,6 +18,7 @@
 #include "tools/FormulaFiles.h"
 #include "ui/Host.h"
 #include "ui/qt/Desktop.h"
+#include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
 
 namespace ssq {

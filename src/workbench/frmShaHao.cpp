@@ -14,6 +14,7 @@
 #include "ui/qt/IssueCombo.h"
 #include "ui/qt/LineChart.h"
 #include "ui/qt/ProgressStrip.h"
+#include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
 #include "workbench/FormulaFilters.h"
 #include "workbench/FormulaStatistics.h"

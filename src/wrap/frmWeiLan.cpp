@@ -16,7 +16,7 @@ constexpr int kStartEntry = 59;
 frmWeiLan::frmWeiLan(const PanelContext& context, QWidget* parent)
     : RangePanel(context, parent, {{"frmWeiLan", " 智能围蓝", 900, 680}, kStartEntry}) {
     AddRunButton({"Command1", "围蓝"},
-                 [this](Run&) { return Show(BlueWrapTable(session(), range())); });
+                 [this](Run&) { return Show(BuildBlueWrap(session(), range())); });
     GridView* vs1 = AddResults("Frame2", "智能围蓝结果(选择号码点鼠标右键可进行复制)");
     SetPopup(context, *vs1, "m_fz1", "复制号码1",
              {{"m_fz", "复制号码", [vs1] { CopySelection(*vs1); }}},

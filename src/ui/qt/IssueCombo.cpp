@@ -7,6 +7,7 @@
 
 #include "draws/BankerSettings.h"
 #include "draws/Public_var.h"
+#include "ui/qt/Qs.h"
 
 namespace ssq {
 

@@ -9,6 +9,7 @@
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
 #include "ui/qt/ProgressStrip.h"
+#include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
 
 namespace ssq {
