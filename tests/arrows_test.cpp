@@ -44,12 +44,8 @@ const std::map<std::string, Folders> kAllowed = {
     {"workbench", kAnalysis},
     {"wrap", kAnalysis},
     // The shell opens the panels and runs the commands of the menu.
-<<<<<<< HEAD
-    {"app", kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "stats", "tools",
-=======
     {"app", kAnalysis + Folders{"acquire", "banker", "bets", "charts", "history", "kill", "stats",
->>>>>>> w/xuanhao
-                                "workbench", "wrap"}},
+                                "tools", "workbench", "wrap"}},
 };
 
 TEST(Floors, IncludesOnlyGoDown) {
