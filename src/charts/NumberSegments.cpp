@@ -17,7 +17,7 @@ namespace {
 
 // A stored draw as the rows after it need it; zeros where there is none.
 struct Placed {
-    std::int32_t place = 0;
+    std::int64_t place = 0;
     int segment = 0;
 };
 
@@ -51,7 +51,7 @@ bool ReadHistory(Session& session, const std::string& issue, History& history) {
     if (!QueryOrTell(session, sql, {issue}, rows)) return false;
     for (Placed& placed : history) {
         if (rows.eof()) break;
-        placed = {static_cast<std::int32_t>(rows.Int(0)), static_cast<int>(rows.Int(1))};
+        placed = {rows.Int(0), ToInt(rows.Int(1))};
         rows.MoveNext();
     }
     return true;
@@ -66,7 +66,7 @@ bool AddSegmentRow(Session& session, const Draw& draw) {
     const std::int32_t place = CombinationRank(reds);
     const int segment = SegmentOf(place);
     const Placed& last = history[0];
-    const std::int32_t step = last.place == 0 ? 0 : std::abs(last.place - place);
+    const std::int64_t step = last.place == 0 ? 0 : std::abs(last.place - place);
     const Flags flags = FlagsOf(segment, history);
     return ExecuteOrTell(
         session,

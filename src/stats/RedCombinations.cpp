@@ -193,7 +193,8 @@ ResultGrid Display(Recordset& rows, const CombinationTable& table) {
 std::optional<GridReport> ShowTable(Session& session, const PeriodRange& range,
                                     const CombinationTable& table) {
     if (!CheckPeriod(session, range)) return std::nullopt;
-    if (IsStale(session, table.name) && !table.bringLevel(session)) return std::nullopt;
+    // What could not be brought level has been told; what there is, is shown.
+    if (IsStale(session, table.name)) static_cast<void>(table.bringLevel(session));
     Recordset rows;
     if (!QueryOrTell(session,
                      "Select kjqh as 开奖期号,kjhm as 开奖号码," + table.columns + " from " +

@@ -4,14 +4,8 @@
 
 namespace ssq {
 
-namespace {
-
-constexpr int kRangeOpens = 59;  // entries below the newest issue
-
-}  // namespace
-
 frmJianGe::frmJianGe(const PanelContext& context, QWidget* parent)
-    : RangePanel(context, parent, {{"frmJianGe", " 红球间隔统计", 1000, 760}, kRangeOpens}) {
+    : RangePanel(context, parent, {{"frmJianGe", " 红球间隔统计", 1000, 760}, kStartSixtyDraws}) {
     AddRunButton({"Command1", "查询"},
                  [this](Run&) { return Show(BuildGaps(session(), range())); });
     AddResults("Frame2",
@@ -20,7 +14,8 @@ frmJianGe::frmJianGe(const PanelContext& context, QWidget* parent)
 }
 
 frmHeZhi::frmHeZhi(const PanelContext& context, QWidget* parent)
-    : RangePanel(context, parent, {{"frmHeZhi", " 红球组合和值统计", 1280, 760}, kRangeOpens}) {
+    : RangePanel(context, parent,
+                 {{"frmHeZhi", " 红球组合和值统计", 1280, 760}, kStartSixtyDraws}) {
     AddRunButton({"Command1", "查询"},
                  [this](Run&) { return Show(BuildSums(session(), range())); });
     AddResults("Frame2",

@@ -12,14 +12,9 @@
 
 namespace ssq {
 
-namespace {
-
-constexpr int kRangeOpens = 59;  // entries below the newest issue
-
-}  // namespace
-
 frmLengRe::frmLengRe(const PanelContext& context, QWidget* parent)
-    : RangePanel(context, parent, {{"frmLengRe", " 红球分期冷热统计", 1280, 760}, kRangeOpens}) {
+    : RangePanel(context, parent,
+                 {{"frmLengRe", " 红球分期冷热统计", 1280, 760}, kStartSixtyDraws}) {
     cboFxqs_ = AddCombo(inputs(), "cboFxqs", QStringLiteral("分析最近"),
                         {"3", "5", "10", "30", "50", "100", kWholeHistory});
     AddRunButton({.name = "Command1",

@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QPushButton>
 #include <QScrollBar>
+#include <utility>
 
 #include "draws/Public_var.h"
 #include "ui/qt/GridView.h"
@@ -41,7 +42,12 @@ QPushButton* RangePanel::AddRunButton(const RunButton& button, std::function<boo
         controls.staysAfterFailure = button.staysAfterFailure;
         if (button.busyCaption) controls.busyCaption = QString::fromUtf8(button.busyCaption);
         if (button.isDisabledInRun) controls.button = control;
-        Perform(controls, work);
+        Perform(controls, [this, &work](Run& run) {
+            const Run* const outer = std::exchange(run_, &run);
+            const bool succeeded = work(run);
+            run_ = outer;
+            return succeeded;
+        });
     });
     if (!mainButton()) SetMainButton(control);
     return control;
@@ -68,7 +74,7 @@ QString RangePanel::resultsCaption() const {
 }
 
 bool RangePanel::Show(std::optional<GridReport> report) {
-    if (!report || isClosed()) return false;
+    if (!report || isClosed() || (run_ && !run_->goesOn())) return false;
     if (!report->caption.empty()) SetResultsCaption(report->caption);
     vs1_->SetGrid(std::move(report->grid));
     vs1_->verticalScrollBar()->setValue(vs1_->verticalScrollBar()->maximum());
