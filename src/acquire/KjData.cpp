@@ -22,6 +22,7 @@ namespace {
 constexpr std::int32_t kFirstIssue = 2003001;  // the first draw of the game
 constexpr std::size_t kBalls = kRedsInDraw + 1;
 constexpr std::size_t kCells = 3;
+constexpr const char* kRepeated = "网站的开奖数据重复，无法更新！";
 constexpr std::size_t kLongestEmptyRow = 5;  // characters
 
 enum class PageEnd {
@@ -106,7 +107,7 @@ PageEnd ReadRow(Session& session, const std::string& row, std::int32_t localIssu
     const auto number = static_cast<std::int32_t>(WholePart(issue));
     if (std::find(harvest.NewIssues.begin(), harvest.NewIssues.end(), number) !=
         harvest.NewIssues.end()) {
-        return Tell(session, issue + "期在网站上重复，无法更新！", PageEnd::kFault);
+        return Tell(session, kRepeated, PageEnd::kFault);
     }
     harvest.NewDates.push_back(date);
     harvest.NewNumbers.push_back(numbers);
@@ -175,7 +176,7 @@ bool HarvestPages(Session& session, std::int32_t localIssue, Harvest& harvest) {
         }
         const auto last = harvest.NewIssues.end() - 1;
         if (before > 0 && *last >= harvest.NewIssues[static_cast<std::size_t>(before) - 1]) {
-            session.host.ShowMessage("网站的开奖数据重复，无法更新！");
+            session.host.ShowMessage(kRepeated);
             return false;
         }
     }

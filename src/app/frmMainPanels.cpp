@@ -20,6 +20,7 @@
 #include "tools/frmDFjishuan.h"
 #include "tools/frmLSBJ.h"
 #include "tools/frmMtoN.h"
+#include "ui/qt/form.h"
 #include "workbench/frmShaHao.h"
 #include "wrap/frm18MaWeiHong.h"
 #include "wrap/frmWeiLan.h"
@@ -87,10 +88,7 @@ bool PanelRegistry::Knows(const QString& name) {
 void PanelRegistry::Open(const QString& name) {
     QPointer<Panel>& panel = open_[name];
     if (!panel || panel->isClosed()) panel = Panels().at(name)(context_, &owner_);
-    if (panel->isMinimized()) panel->setWindowState(panel->windowState() & ~Qt::WindowMinimized);
-    panel->show();
-    panel->raise();
-    panel->activateWindow();
+    BringUp(*panel);
 }
 
 void PanelRegistry::RunDialog(const QString& name) {

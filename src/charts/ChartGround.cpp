@@ -23,6 +23,11 @@ ResultGrid MakeChart(std::span<const Column> columns, int rows, int fixedRows) {
     return grid;
 }
 
+void ShapeNumberColumns(ResultGrid& grid) {
+    grid.SetEvenCols(kFirstNumberCol, kLastNumberCol);
+    grid.SetNames(kFirstNumberCol, kLastNumberCol);
+}
+
 void FillDrawCells(ResultGrid& grid, int row, const Draw& draw) {
     grid.SetCell(row, 0, ShortIssue(draw.issue));
     grid.SetCell(row, 1, draw.reds);

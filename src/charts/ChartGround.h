@@ -23,10 +23,13 @@ inline constexpr Rgb kDarkBall{58, 14, 42};
 
 // The three columns that every chart on the ground starts with; they stay in view.
 void AddDrawColumns(ColumnTable& columns);
-void AddNumberColumns(ColumnTable& columns);
 
 // A grid on the ground with bold headings. Zeros are shown faintly.
 ResultGrid MakeChart(std::span<const Column> columns, int rows, int fixedRows);
+
+// The columns of the numbers, which follow those of the draw.
+void AddNumberColumns(ColumnTable& columns);
+void ShapeNumberColumns(ResultGrid& grid);
 
 void FillDrawCells(ResultGrid& grid, int row, const Draw& draw);
 

@@ -60,8 +60,7 @@ std::optional<GridReport> BuildConsecutiveChart(Session& session, const PeriodRa
     GridReport report{MakeChart(Columns(), static_cast<int>(draws->size()) + 2, 1),
                       DrawsCaption(draws->size())};
     ResultGrid& grid = report.grid;
-    grid.SetEvenCols(kFirstNumberCol, kLastNumberCol);
-    grid.SetNames(kFirstNumberCol, kLastNumberCol);
+    ShapeNumberColumns(grid);
     int row = 0;
     int gap = -1;  // the first row starts at 0 with a pair or without
     for (const Draw& draw : *draws) {

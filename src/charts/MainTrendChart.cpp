@@ -174,8 +174,7 @@ std::optional<MainTrendChart> BuildMainTrendChart(Session& session, const Period
     MainTrendChart chart;
     ResultGrid& grid = chart.report.grid;
     grid = MakeChart(Columns(), draws + kPickRows + 2, 1);
-    grid.SetEvenCols(kFirstNumberCol, kLastNumberCol);
-    grid.SetNames(kFirstNumberCol, kLastNumberCol);
+    ShapeNumberColumns(grid);
     ColumnCounts hits(grid.cols());
     for (int row = 1; row <= draws; ++row) {
         FillDraw(grid, row, inputs->draws[static_cast<std::size_t>(row - 1)],

@@ -155,6 +155,8 @@ std::optional<GridReport> BuildSegmentChart(Session& session, const PeriodRange&
     ResultGrid& grid = report.grid;
     grid.SetMergeRow(0);
     grid.SetEvenCols(kFirstSegment, kFirstFlag - 1);
+    grid.SetNames(kSegment, kSegment);
+    grid.SetNames(kStepSegment, kStepSegment);
     grid.paleText = "0";
     ColumnCounts hits(grid.cols());
     for (int row = 1; row < grid.rows(); ++row) {

@@ -2,7 +2,6 @@
 
 #include <QBoxLayout>
 #include <QComboBox>
-#include <utility>
 
 #include "draws/Public_var.h"
 #include "stats/HeatRanking.h"
@@ -30,20 +29,9 @@ frmLengRe::frmLengRe(const PanelContext& context, QWidget* parent)
                   .busyCaption = "统计中..."},
                  [this](Run& run) { return Rank(run); });
     GridView* vs1 = AddResults("Frame2", "分析结果");
-    vs1->onPress = [this](int row, int col, Qt::MouseButton button) {
-        isPressed_ = button == Qt::RightButton;
-        if (isPressed_) TakeCell(row, col);
-    };
     SetPopup(context, *vs1, "m_frmLengrePaiming", "排名分析",
              {{"m_frmLengren_fuzhi", "复制选中的号码", [vs1] { CopySelection(*vs1); }},
-              {"m_frmlengre_hmpm", "该号排名分析", [this] { ShowCourse(); }}},
-             [this, vs1] {
-                 // The menu key raises it without a press.
-                 if (!std::exchange(isPressed_, false)) {
-                     TakeCell(vs1->grid().rowSel(), vs1->grid().colSel());
-                 }
-                 return true;
-             });
+              {"m_frmlengre_hmpm", "该号排名分析", [this] { ShowCourse(); }}});
 }
 
 bool frmLengRe::Rank(Run& run) {
@@ -53,17 +41,15 @@ bool frmLengRe::Rank(Run& run) {
     return !outcome.failed;
 }
 
-void frmLengRe::TakeCell(int row, int col) {
-    pointedText_ = results().grid().cell(row, col);
-}
-
 void frmLengRe::ShowCourse() {
-    if (!IsRedText(pointedText_)) {
+    const ResultGrid& grid = results().grid();
+    const std::string& number = grid.cell(results().pressedRow(), results().pressedCol());
+    if (!IsRedText(number)) {
         session().host.ShowMessage("该单元格不是红球号码，请在号码上点击右键！");
         return;
     }
     if (course_) course_->close();
-    course_ = new frmLrHMfx(context(), results().grid(), pointedText_, this);
+    course_ = new frmLrHMfx(context(), grid, number, this);
     course_->show();
 }
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QPointer>
-#include <string>
 
 #include "stats/frmLrHMfx.h"
 #include "ui/qt/RangePanel.h"
@@ -17,12 +16,9 @@ class frmLengRe final : public RangePanel {
 
   private:
     bool Rank(Run& run);
-    void TakeCell(int row, int col);
     void ShowCourse();
 
     QComboBox* cboFxqs_;
-    bool isPressed_ = false;
-    std::string pointedText_;  // of the cell that the popup was raised on
     QPointer<frmLrHMfx> course_;
 };
 

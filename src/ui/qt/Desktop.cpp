@@ -117,7 +117,8 @@ void SystemDesktop::Open(const QString& urlOrFile) {
 }
 
 void SystemDesktop::StartProgram(const QString& file, const QString& arguments) {
-    if (!QProcess::startDetached(file, QProcess::splitCommand(arguments))) TellCannotOpen(file);
+    // As one argument: words taken apart would lose the blanks between and behind them.
+    if (!QProcess::startDetached(file, {arguments})) TellCannotOpen(file);
 }
 
 void SystemDesktop::RaisePopup(QMenu& menu, const QPoint& place) {

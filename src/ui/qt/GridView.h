@@ -41,9 +41,10 @@ class GridView final : public QTableView {
     std::function<void(int row, int col)> onDoubleClick;
     // The right button or the menu key: the panel raises its popup at this place of the screen.
     std::function<void(const QPoint& place)> onPopup;
-    // The row under the last press, or of the menu key's cell: what a popup's entry is about when
+    // The cell under the last press, or that of the menu key: what a popup's entry is about when
     // the press left a selection of several rows as it was. -1 before the first press.
     int pressedRow() const { return pressed_.row; }
+    int pressedCol() const { return pressed_.col; }
     // Ctrl+C.
     std::function<void()> onCopy;
 

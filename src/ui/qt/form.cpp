@@ -44,6 +44,13 @@ QVBoxLayout* SetUpPanel(QWidget& panel, const char* name, const QString& title, 
     return new QVBoxLayout(&panel);
 }
 
+void BringUp(QWidget& window) {
+    if (window.isMinimized()) window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
 QGroupBox* AddGroup(QBoxLayout* layout, const char* name, const QString& caption) {
     auto* group = Named<QGroupBox>(new ElidedGroup(caption), name);
     new QVBoxLayout(group);

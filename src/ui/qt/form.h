@@ -31,6 +31,9 @@ class IssueCombo;
 QVBoxLayout* SetUpPanel(QWidget& panel, const char* name, const QString& title, int width,
                         int height);
 
+// Shows the window in front of the others, also out of the task bar.
+void BringUp(QWidget& window);
+
 // A titled group at the end of `layout`, filled from top to bottom.
 QGroupBox* AddGroup(QBoxLayout* layout, const char* name, const QString& caption);
 

@@ -4,8 +4,8 @@
 
 #include <QDir>
 #include <QFile>
-#include <QJsonObject>
 
+#include "base/text.h"
 #include "draws/Public_var.h"
 #include "panel_driver/ScriptDesktop.h"
 #include "support/TempFolder.h"
@@ -28,11 +28,11 @@ TEST(SaveGridAsExcel, AsksBeforeItReplacesAndTellsTheOutcomeWithThePath) {
         desktop.AnswerFileDialog(files.filePath(QString::fromUtf8(name)));
         desktop.AnswerQuestion(replace);
         SaveGridAsExcel({session, desktop}, view);
-        QStringList told;
-        for (const QJsonValue box : desktop.TakeMessages()) {
-            told += box[u"text"].toString() + box[u"note"].toString();
+        std::string told;
+        for (const auto& box : desktop.TakeMessages()) {
+            told += box.value("text", "") + box.value("note", "");
         }
-        return told.join(u'|').replace(files.path(), QStringLiteral("F")).toStdString();
+        return Replace(told, files.path().toStdString(), "F");
     };
     EXPECT_EQ(save("旧", false), "文件已经存在，要替换它吗？\nF/旧.xls");
     EXPECT_EQ(save("遗漏.xls", true), "保存成功！F/遗漏.xls.xls");
@@ -41,7 +41,7 @@ TEST(SaveGridAsExcel, AsksBeforeItReplacesAndTellsTheOutcomeWithThePath) {
         desktop.AnswerFileDialog(QString::fromUtf8(blank));
         SaveGridAsExcel({session, desktop}, view);
     }
-    EXPECT_TRUE(desktop.TakeMessages().isEmpty());
+    EXPECT_TRUE(desktop.TakeMessages().empty());
     EXPECT_EQ(files.entryList(QDir::Files),
               (QStringList{QStringLiteral("旧.xls"), QStringLiteral("遗漏.xls.xls")}));
     EXPECT_EQ(QFile(files.filePath(QStringLiteral("旧.xls"))).size(), 3);
