@@ -14,6 +14,8 @@ set(SSQ_PARTNER_ADID "0" CACHE STRING "Value of the key adid on the partner site
 set(SSQ_MAKER_SITE "http://www.example.invalid" CACHE STRING "The maker's web site")
 set(SSQ_PRODUCT_PAGE "http://www.example.invalid/ssq" CACHE STRING
     "The page of this product on the maker's site")
+set(SSQ_FORMULA_GUIDE "http://www.example.invalid/ssq/formulas" CACHE STRING
+    "The online document on writing formulas")
 set(SSQ_MAKER_SITE_CAPTION " 官方网站首页" CACHE STRING
     "Caption of the last entry of the menu bar, which opens the product page")
 set(SSQ_CONTACT_LINK "http://www.example.invalid/contact" CACHE STRING

@@ -40,10 +40,11 @@ const std::map<std::string, Folders> kAllowed = {
     {"history", kAnalysis},
     {"kill", kAnalysis},
     {"stats", kAnalysis},
+    {"tools", kAnalysis},
     {"workbench", kAnalysis},
     {"wrap", kAnalysis},
     // The shell opens the panels and runs the commands of the menu.
-    {"app", kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "stats",
+    {"app", kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "stats", "tools",
                                 "workbench", "wrap"}},
 };
 

@@ -40,7 +40,9 @@ class ScriptDesktop final : public Desktop {
     void ShowBox(const QString& title, const QString& text, const QString& note) override;
     bool Confirm(const QString& title, const QString& text) override;
     QString AskSaveFile(const QString&) override { return TakeFileAnswer(); }
-    QString AskOpenFile(const QString&) override { return TakeFileAnswer(); }
+    QString AskOpenFile(const QString&, const QString&, const QString&) override {
+        return TakeFileAnswer();
+    }
     void Open(const QString& urlOrFile) override;
     void StartProgram(const QString& file, const QString& arguments) override;
     void RaisePopup(QMenu& menu, const QPoint& place) override;

@@ -3,6 +3,7 @@
 
 #include "Driver.h"
 #include "ScriptDesktop.h"
+#include "app/OneProgram.h"
 #include "app/Program.h"
 #include "ui/qt/Application.h"
 
@@ -25,6 +26,12 @@ int main(int argc, char** argv) {
     if (arguments.size() != 2) {
         std::fputs("usage: panel_driver FOLDER\n", stderr);
         return 2;
+    }
+    const ssq::OneProgram one(arguments[1].toStdString());
+    if (!one.isFirst()) {
+        std::fputs("panel_driver: a program is running on this folder already
+", stderr);
+        return 1;
     }
     ssq::Program program(desktop, arguments[1].toStdString());
     application.onTerminate = [&program] { program.End(); };

@@ -1,21 +1,13 @@
 #include "acquire/getWWW.h"
 
-#include <iconv.h>
-
-#include <array>
-#include <cerrno>
-#include <cstdint>
-#include <memory>
-
 #include "base/Regex.h"
+#include "base/charset.h"
 #include "base/text.h"
 #include "ui/Host.h"
 
 namespace ssq {
 
 namespace {
-
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD
 
 // Whether a header or a tag, in lower case, names UTF-8 as its charset.
 bool NamesUtf8(std::string_view declaration) {
@@ -39,41 +31,15 @@ bool DeclaresUtf8(std::string_view body, std::string_view contentType) {
     return false;
 }
 
-// Converts to UTF-8; what is no character of `charset` becomes U+FFFD, byte by byte, and is
-// counted in `faults`.
-std::string Convert(const char* charset, std::string_view bytes, std::size_t& faults) {
-    const iconv_t raw = iconv_open("UTF-8", charset);
-    if (reinterpret_cast<std::intptr_t>(raw) == -1) return {};
-    const std::unique_ptr<void, decltype(&iconv_close)> converter(raw, &iconv_close);
-    std::string text;
-    std::array<char, 8192> buffer{};
-    char* in = const_cast<char*>(bytes.data());  // iconv only reads it
-    std::size_t left = bytes.size();
-    while (left > 0) {
-        char* out = buffer.data();
-        std::size_t room = buffer.size();
-        const std::size_t done = iconv(raw, &in, &left, &out, &room);
-        const int error = errno;
-        text.append(buffer.data(), out);
-        if (done == static_cast<std::size_t>(-1) && error != E2BIG) {
-            text += kReplacement;
-            ++faults;
-            ++in;
-            --left;
-        }
-    }
-    return text;
-}
-
 }  // namespace
 
 std::string DecodePage(std::string_view body, std::string_view contentType) {
     std::size_t faults = 0;
     if (DeclaresUtf8(body, contentType)) {
-        std::string text = Convert("UTF-8", body, faults);
+        std::string text = DecodeUtf8(body, faults);
         if (faults == 0) return text;
     }
-    return Convert("GB18030", body, faults);
+    return DecodeGbk(body, faults);
 }
 
 std::string CutBetween(Host& host, std::string_view startMark, std::string_view endMark,

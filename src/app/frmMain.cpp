@@ -17,6 +17,7 @@
 #include "banker/Recommendation.h"
 #include "banker/fenXi.h"
 #include "base/text.h"
+#include "draws/BankerSettings.h"
 #include "draws/Public_var.h"
 #include "ui/Host.h"
 #include "ui/qt/Desktop.h"
@@ -28,7 +29,9 @@
 namespace ssq {
 
 frmMain::frmMain(const PanelContext& context)
-    : context_(context), panels_(std::make_unique<PanelRegistry>(context, *this)) {
+    : context_(context),
+      panels_(std::make_unique<PanelRegistry>(context, *this)),
+      learnRuns_(context.session.host) {
     BuildControls();
     BuildMenus();
     Load();
@@ -85,10 +88,10 @@ void frmMain::AddEntry(QMenu& menu, const MenuEntry& entry) {
     const bool opensPanel =
         entry.action == MenuAction::kOpenPanel || entry.action == MenuAction::kOpenDialog;
     action->setEnabled(!opensPanel || PanelRegistry::Knows(QString::fromUtf8(entry.argument)));
-    connect(action, &QAction::triggered, this, [this, &entry] { Run(entry); });
+    connect(action, &QAction::triggered, this, [this, &entry] { RunEntry(entry); });
 }
 
-void frmMain::Run(const MenuEntry& entry) {
+void frmMain::RunEntry(const MenuEntry& entry) {
     const QString argument = QString::fromUtf8(entry.argument);
     switch (entry.action) {
         case MenuAction::kOpenPanel:
@@ -140,7 +143,7 @@ void frmMain::RunCommand(const MenuEntry& entry) {
 void frmMain::Load() {
     RefillCombos();
     ShowLatestIssue();
-    SetStatusPanel(LearningModeText(context_.session), 2);
+    ShowLearningMode(ReadBankerSettings(context_.session));
 }
 
 void frmMain::SetStatusPanel(const std::string& text, int panel) {
@@ -165,23 +168,18 @@ void frmMain::RefillCombos() {
 void frmMain::OpenDialog(const QString& panel) {
     panels_->RunDialog(panel);
     // The settings may have changed.
-    SetStatusPanel(LearningModeText(context_.session), 2);
+    ShowLearningMode(ReadBankerSettings(context_.session));
+}
+
+void frmMain::ShowLearningMode(const std::optional<BankerSettings>& settings) {
+    SetStatusPanel(LearningModeText(settings), 2);
 }
 
 void frmMain::Learn() {
-    Session& session = context_.session;
     const std::string endIssue = end_->issue();
-    if (!CheckPeriod(session, {endIssue, endIssue})) return;
-    // A run started in the middle of another takes its place.
-    const int run = ++learnRuns_;
-    progress_->Begin();
-    const bool learned = LearnFormulas(session, endIssue, [this, run](const std::string& percent) {
-        progress_->Set(percent);
-        return run == learnRuns_;
+    const bool learned = learnRuns_.Perform({.strip = progress_}, [&](Run& run) {
+        return LearnFormulas(context_.session, endIssue, run);
     });
-    if (session.host.stopping() || run != learnRuns_) return;
-    if (learned) RecordLearning(session);
-    progress_->End();
     if (!learned) return;
     RefillCombos();
     Recommend();
@@ -189,11 +187,13 @@ void frmMain::Learn() {
 
 void frmMain::Recommend() {
     Session& session = context_.session;
-    SetStatusPanel(LearningModeText(session), 2);
-    BankerRecommendation result;
-    if (!RecommendBankers(session, RangeOf(*start_, *end_), result)) return;
-    resultGroup_->setTitle(Qs(result.caption));
-    vs1_->SetGrid(std::move(result.grid));
+    const auto settings = ReadBankerSettings(session);
+    ShowLearningMode(settings);
+    if (!settings) return;
+    auto report = RecommendBankers(session, RangeOf(*start_, *end_), settings->dmgs);
+    if (!report) return;
+    resultGroup_->setTitle(Qs(report->caption));
+    vs1_->SetGrid(std::move(report->grid));
     vs1_->scrollToBottom();  // the recommendation stands below the draws
 }
 

@@ -3,8 +3,9 @@
 
 #include <QMainWindow>
 #include <memory>
+#include <optional>
 
-#include "ui/qt/PanelContext.h"
+#include "ui/qt/Panel.h"
 
 class QGroupBox;
 class QLabel;
@@ -17,6 +18,7 @@ class GridView;
 class IssueCombo;
 class PanelRegistry;
 class ProgressStrip;
+struct BankerSettings;
 struct MenuEntry;
 
 class frmMain final : public QMainWindow {
@@ -31,7 +33,7 @@ class frmMain final : public QMainWindow {
     void BuildControls();
     void BuildMenus();
     void AddEntry(QMenu& menu, const MenuEntry& entry);
-    void Run(const MenuEntry& entry);
+    void RunEntry(const MenuEntry& entry);
     void RunCommand(const MenuEntry& entry);
     void Load();
     // `panel` is 1 or 2; blanks around the text are dropped.
@@ -40,6 +42,7 @@ class frmMain final : public QMainWindow {
     void OpenDialog(const QString& panel);
     void ShowLatestIssue();
     void UpdateDrawsOfWindow();
+    void ShowLearningMode(const std::optional<BankerSettings>& settings);
     void Learn();
     void Recommend();
     void BuyTickets();
@@ -52,7 +55,7 @@ class frmMain final : public QMainWindow {
     GridView* vs1_ = nullptr;
     ProgressStrip* progress_ = nullptr;
     QLabel* statusPanels_[2] = {};
-    int learnRuns_ = 0;
+    PanelRuns learnRuns_;
 };
 
 }  // namespace ssq

@@ -16,6 +16,11 @@
 #include "stats/frmHongHaomaGens.h"
 #include "stats/frmJianGe.h"
 #include "stats/frmLengRe.h"
+#include "tools/ZDY_XDM.h"
+#include "tools/frmDFjishuan.h"
+#include "tools/frmLSBJ.h"
+#include "tools/frmMtoN.h"
+#include "ui/qt/form.h"
 #include "workbench/frmShaHao.h"
 #include "wrap/frm18MaWeiHong.h"
 #include "wrap/frmWeiLan.h"
@@ -39,14 +44,18 @@ std::pair<const QString, Make<Panel>> Modeless(const char* name) {
 
 const std::map<QString, Make<Panel>>& Panels() {
     static const std::map<QString, Make<Panel>> kPanels = {
+        Modeless<ZDY_XDM>("ZDY_XDM"),
         Modeless<frm18MaWeiHong>("frm18MaWeiHong"),
         Modeless<frmBianMa>("frmBianMa"),
+        Modeless<frmDFjishuan>("frmDFjishuan"),
         Modeless<frmHeZhi>("frmHeZhi"),
         Modeless<frmHistory>("frmHistory"),
         Modeless<frmHongHaomaGens>("frmHongHaomaGens"),
         Modeless<frmJianGe>("frmJianGe"),
         Modeless<frmLHzst>("frmLHzst"),
+        Modeless<frmLSBJ>("frmLSBJ"),
         Modeless<frmLengRe>("frmLengRe"),
+        Modeless<frmMtoN>("frmMtoN"),
         Modeless<frmSHAMA>("frmSHAMA"),
         Modeless<frmSale>("frmSale"),
         Modeless<frmShaHao>("frmShaHao"),
@@ -79,10 +88,7 @@ bool PanelRegistry::Knows(const QString& name) {
 void PanelRegistry::Open(const QString& name) {
     QPointer<Panel>& panel = open_[name];
     if (!panel || panel->isClosed()) panel = Panels().at(name)(context_, &owner_);
-    if (panel->isMinimized()) panel->setWindowState(panel->windowState() & ~Qt::WindowMinimized);
-    panel->show();
-    panel->raise();
-    panel->activateWindow();
+    BringUp(*panel);
 }
 
 void PanelRegistry::RunDialog(const QString& name) {

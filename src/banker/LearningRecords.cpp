@@ -1,64 +1,69 @@
 #include "banker/LearningRecords.h"
 
+#include "base/numbers.h"
 #include "draws/Public_var.h"
 #include "draws/queries.h"
+#include "store/Transaction.h"
+#include "ui/ColumnTable.h"
 #include "ui/Host.h"
 
 namespace ssq {
 
 namespace {
 
-constexpr std::array<const char*, 5> kHeaders = {"学习时间", "学习期数", "第一组命中", "第二组命中",
-                                                 "第三组命中"};
+constexpr int kFormulas = 3;
 
 LearningRecord ReadRecord(const Recordset& row) {
-    LearningRecord record;
-    record.rqs = row.Text("rqs");
-    for (std::size_t i = 0; i < record.best.size(); ++i) {
-        const std::string prefix = "r" + std::to_string(i + 1);
-        record.best[i] = {row.Text(prefix + "gs"), row.Text(prefix + "mz")};
+    LearningRecord record{ToInt(row.Int("rqs")), {}};
+    for (int i = 1; i <= kFormulas; ++i) {
+        const std::string prefix = "r" + std::to_string(i);
+        const auto formula = ParseFormula(row.Text(prefix + "gs"));
+        const bool fits = formula && !row.IsNull(prefix + "mz") &&
+                          (i == 1 || formula->size() == record.best.front().positions.size());
+        if (!fits) return {record.xxqs, {}};
+        record.best.push_back({*formula, row.Number(prefix + "mz")});
     }
     return record;
 }
 
 }  // namespace
 
-bool ReadLearningRecords(Session& session, ResultGrid& grid, std::vector<LearningRecord>& records) {
+std::optional<LearningRecords> ReadLearningRecords(Session& session) {
     Recordset rows;
-    if (!QueryOrTell(
-            session,
-            "Select rdate,rqs,r1mz,r2mz,r3mz,r1gs,r2gs,r3gs from xxjl  order by rdate desc",
-            rows)) {
-        return false;
+    if (!QueryOrTell(session,
+                     "Select rdate,rqs,r1mz,r2mz,r3mz,r1gs,r2gs,r3gs from xxjl  order by rdate "
+                     "desc,id desc",
+                     rows)) {
+        return std::nullopt;
     }
-    const int cols = static_cast<int>(kHeaders.size());
-    grid = ResultGrid(rows.recordcount() + 1, cols, 1, 0);
-    grid.SetAllAlignments(Align::kCentre);
-    grid.SetAllRowHeights(300);
-    grid.SetColWidths(0, cols - 1, 1200);
-    grid.SetColWidth(0, 1800);
-    for (int col = 0; col < cols; ++col) {
-        grid.SetCell(0, col, kHeaders[static_cast<std::size_t>(col)]);
-    }
-    records.clear();
+    static const ColumnTable kColumns = {{"学习时间", 1800},
+                                         {"学习期数", 1200},
+                                         {"第一组命中", 1200},
+                                         {"第二组命中", 1200},
+                                         {"第三组命中", 1200}};
+    LearningRecords log{MakeGrid(kColumns, rows.recordcount() + 1, 1, 0, 300), {}};
     for (int row = 1; !rows.eof(); rows.MoveNext(), ++row) {
-        for (int col = 0; col < cols; ++col) grid.SetCell(row, col, rows.Text(col));
-        records.push_back(ReadRecord(rows));
+        for (int col = 0; col < log.grid.cols(); ++col) log.grid.SetCell(row, col, rows.Text(col));
+        log.records.push_back(ReadRecord(rows));
     }
-    return true;
+    return log;
 }
 
 bool RestoreLearningRecord(Session& session, const LearningRecord& record) {
-    if (!ExecuteOrTell(session, "update vqs set xxqs=" + record.rqs) ||
-        !ExecuteOrTell(session, "delete from trate")) {
+    if (record.best.empty() || record.xxqs < 1 || record.xxqs > kMostLearnPeriods) {
+        session.host.ShowMessage("该学习记录不完整，不能还原！");
         return false;
     }
-    for (const LearnedFormula& formula : record.best) {
-        if (!ExecuteOrTell(session, "insert into trate(gs,rate) values('" + formula.gs + "'," +
-                                        formula.rate + ")")) {
-            return false;
-        }
+    const std::int64_t dmgs = std::ssize(record.best.front().positions);
+    Transaction all(session.connection);
+    all.Execute("update vqs set xxqs=?", {std::int64_t{record.xxqs}});
+    all.Execute("update vqs set dmgs=? where itype=0", {dmgs});
+    all.Execute("delete from trate");
+    for (const ScoredFormula& formula : record.best) {
+        all.Execute("insert into trate(gs,rate) values(?,?)",
+                    {FormulaText(formula.positions), formula.rate});
     }
+    if (!CommitOrTell(session, all)) return false;
     session.host.ShowMessage("已还原到选中的设置！");
     return true;
 }

@@ -19,8 +19,8 @@ PositionRates::PositionRates(std::span<const DrawBalls> draws, int xxqs) : xxqs_
         RedSet drawn;
         for (const int ball : draws[target]) drawn.Add(ball);
         for (std::size_t position = 0; position < kPositions; ++position) {
-            const DrawBalls& source = draws[target + 1 + position / 6];
-            if (drawn.Has(source[position % 6])) {
+            const DrawBalls& source = draws[target + 1 + position / kRedsInDraw];
+            if (drawn.Has(source[position % kRedsInDraw])) {
                 hitRounds_[position][target / 64] |= std::uint64_t{1} << (target % 64);
             }
         }

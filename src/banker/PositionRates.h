@@ -5,20 +5,21 @@
 #include <cstdint>
 #include <functional>
 #include <span>
-#include <string>
 #include <vector>
+
+#include "draws/BankerSettings.h"
+#include "draws/Draw.h"
 
 namespace ssq {
 
 constexpr int kDrawsInWindow = 4;
-constexpr int kPositions = 24;  // six balls of each draw in the window
-
-using DrawBalls = std::array<int, 6>;
+constexpr int kPositions = kDrawsInWindow * kRedsInDraw;
 
 class PositionRates {
   public:
-    // `draws` are newest first. Counts the rounds 0 to xxqs, both included; each needs the four
-    // draws behind its target, so there must be xxqs + 5 draws.
+    // `draws` are newest first. Counts the rounds 0 to xxqs, both included, in which at least one
+    // ball at a formula's positions came out; each needs the four draws behind its target, so there
+    // must be xxqs + 5 draws. Rates are over xxqs rounds, so that they can exceed 100.
     PositionRates(std::span<const DrawBalls> draws, int xxqs);
 
     // Called for each formula in dictionary order of its positions, with its rate in percent; false
@@ -30,8 +31,7 @@ class PositionRates {
     bool ForEachFormula(std::span<const int> candidates, int size, const Visit& visit) const;
 
   private:
-    static constexpr int kLargestLearning = 100;
-    static constexpr int kWords = (kLargestLearning + 1 + 63) / 64;
+    static constexpr int kWords = (kMostLearnPeriods + 1 + 63) / 64;
     using Rounds = std::array<std::uint64_t, kWords>;
 
     struct Walk;

@@ -1,15 +1,18 @@
 #include "banker/Recommendation.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <vector>
 
+#include "banker/PositionFormulas.h"
 #include "banker/PositionRates.h"
 #include "base/numbers.h"
 #include "base/text.h"
 #include "draws/Public_var.h"
 #include "draws/queries.h"
 #include "ui/Host.h"
+#include "ui/palette.h"
 
 namespace ssq {
 
@@ -17,19 +20,19 @@ namespace {
 
 constexpr int kGroups = 3;
 constexpr int kFirstDataRow = 2;
-constexpr Rgb kStripe{236, 241, 241};
-constexpr Rgb kHit{215, 133, 110};
-constexpr Rgb kRichPool{0, 0, 250};
-constexpr std::int64_t kRichPoolYuan = 300'000'000;
+constexpr double kRichPoolYuan = 300'000'000;
 
-using Formula = std::vector<std::size_t>;
+struct PrizedDraw {
+    std::string issue;
+    std::string reds;
+    double pool = 0;  // yuan carried into the next draw
+};
 
 struct Inputs {
     int dmgs = 0;
-    std::array<Formula, kGroups> formulas;
-    std::vector<std::string> draws;  // oldest first: the ones before the range, then its own
-    std::size_t earlier = 0;         // how many stand before the range
-    Recordset range;                 // rows of cphmjc
+    std::array<PositionFormula, kGroups> formulas;
+    std::vector<PrizedDraw> range;  // oldest first
+    std::vector<DrawBalls> before;  // the range's draws and those before it, newest first
     std::int32_t nextIssue = 0;
 };
 
@@ -52,44 +55,42 @@ bool CheckPrizesComplete(Session& session) {
 
 bool ReadEarlierDraws(Session& session, const std::string& start, Inputs& inputs) {
     constexpr int kAskedFor = 5;  // one more than the window needs
-    Recordset rows;
-    if (!QueryOrTell(session,
-                     "select top 5 * from cphm where kjqh<" + start + "  order by kjqh desc",
-                     rows)) {
-        return false;
-    }
-    if (rows.recordcount() < kAskedFor) return Refuse(session, "数据不足");
-    for (; !rows.eof(); rows.MoveNext()) {
-        inputs.draws.insert(inputs.draws.begin(), rows.Text("kjhm"));
-    }
-    inputs.earlier = inputs.draws.size();
+    const auto draws = ReadDrawsBefore(session, start, kAskedFor);
+    if (!draws) return false;
+    if (draws->size() < kAskedFor) return Refuse(session, "数据不足");
+    for (const Draw& draw : *draws) inputs.before.push_back(BallsOf(draw.reds));
     return true;
 }
 
 bool ReadFormulas(Session& session, Inputs& inputs) {
+    constexpr const char* kTooFew = "数据不足，请重新学习！";
     Recordset rows;
     if (!QueryOrTell(session, "Select top 3 * from trate order by rate desc", rows)) return false;
-    if (rows.recordcount() < kGroups) return Refuse(session, "数据不足，请重新学习！");
-    for (Formula& formula : inputs.formulas) {
-        for (const std::string& position : Split(rows.Text("gs"), ",")) {
-            formula.push_back(static_cast<std::size_t>(WholePart(position)));
-        }
+    if (rows.recordcount() < kGroups) return Refuse(session, kTooFew);
+    for (PositionFormula& formula : inputs.formulas) {
+        const auto stored = ParseFormula(rows.Text("gs"));
+        if (!stored) return Refuse(session, kTooFew);
+        formula = *stored;
         rows.MoveNext();
     }
     return true;
 }
 
 bool ReadRange(Session& session, const PeriodRange& range, Inputs& inputs) {
+    Recordset rows;
     if (!QueryOrTell(session,
                      "Select * from cphmjc where kjqh>=" + range.start + " and kjqh<=" + range.end +
                          " order by kjqh asc",
-                     inputs.range)) {
+                     rows)) {
         return false;
     }
-    for (Recordset& rows = inputs.range; !rows.eof(); rows.MoveNext()) {
-        inputs.draws.push_back(rows.Text("kjhm"));
+    std::vector<DrawBalls> newestFirst;
+    for (; !rows.eof(); rows.MoveNext()) {
+        inputs.range.push_back({rows.Text("kjqh"), rows.Text("kjhm"), rows.Number("xqjc")});
+        newestFirst.push_back(BallsOf(inputs.range.back().reds));
     }
-    inputs.range.MoveFirst();
+    std::reverse(newestFirst.begin(), newestFirst.end());
+    inputs.before.insert(inputs.before.begin(), newestFirst.begin(), newestFirst.end());
     return true;
 }
 
@@ -102,7 +103,6 @@ bool CheckFormulaSize(Session& session, const Inputs& inputs) {
 }
 
 bool ReadInputs(Session& session, const PeriodRange& range, Inputs& inputs) {
-    inputs.dmgs = GetBankerCount(session);
     if (!CheckOrderedPeriod(session, range) || !CheckPrizesComplete(session) ||
         !ReadEarlierDraws(session, range.start, inputs) || !ReadFormulas(session, inputs) ||
         !ReadRange(session, range, inputs) || !CheckFormulaSize(session, inputs)) {
@@ -112,126 +112,98 @@ bool ReadInputs(Session& session, const PeriodRange& range, Inputs& inputs) {
     return inputs.nextIssue != 0;
 }
 
-// The 24 balls of the four draws before draw number `index`, newest draw first.
-std::vector<std::string> Window(const Inputs& inputs, std::size_t index) {
-    std::vector<std::string> balls;
-    for (std::size_t back = 1; back <= kDrawsInWindow; ++back) {
-        for (std::string& ball : Split(inputs.draws[index - back], ",")) {
-            balls.push_back(std::move(ball));
-        }
-    }
-    return balls;
-}
-
 int FirstColumn(const Inputs& inputs, int group) {
     return 2 + group * (inputs.dmgs + 1);
 }
 
 ResultGrid EmptyGrid(const Inputs& inputs) {
-    const int dmgs = inputs.dmgs;
-    ResultGrid grid(inputs.range.recordcount() + 4, kGroups * dmgs + 5, 2, 2);
+    constexpr int kNarrow = 550;
+    ColumnTable columns{{"期号", 700}, {"开奖号码", 1880}};
+    for (int group = 0; group < kGroups; ++group) {
+        AddNumbered(columns, 1, inputs.dmgs, kNarrow);
+        columns.push_back({"命中", kNarrow});
+    }
+    constexpr int kRowsAround = 4;  // two of headings, the next issue, the rates
+    ResultGrid grid =
+        MakeGrid(columns, static_cast<int>(inputs.range.size()) + kRowsAround, 2, 2, 300);
     grid.SetMergeRow(0);
     grid.SetMergeAllCols();
-    grid.SetAllRowHeights(300);
-    grid.SetColWidth(0, 700);
-    grid.SetColWidth(1, 1880);
-    grid.SetColWidths(2, grid.cols() - 1, 550);
-    grid.SetAllAlignments(Align::kCentre);
-
-    grid.SetCell(0, 0, "开奖号码区");
-    grid.SetCell(0, 1, "开奖号码区");
-    grid.SetCell(1, 0, "期号");
-    grid.SetCell(1, 1, "开奖号码");
     constexpr std::array<const char*, kGroups> kTitles = {"第一组胆码", "第二组胆码", "第三组胆码"};
-    for (int group = 0; group < kGroups; ++group) {
-        const int first = FirstColumn(inputs, group);
-        for (int j = 0; j <= dmgs; ++j) {
-            grid.SetCell(0, first + j, kTitles[static_cast<std::size_t>(group)]);
-            grid.SetCell(1, first + j, j < dmgs ? std::to_string(j + 1) : "命中");
-        }
+    for (int col = 0; col < grid.cols(); ++col) {
+        grid.SetCell(0, col,
+                     col < 2 ? "开奖号码区"
+                             : kTitles[static_cast<std::size_t>((col - 2) / (inputs.dmgs + 1))]);
     }
     return grid;
 }
 
-// Writes the bankers of one group; returns how many occur in `drawText`, marking those cells.
-// Equal balls at two positions count twice here.
+// Writes the bankers of one group for the draw behind those `before`; returns how many are
+// `drawn`, marking those cells. Equal balls at two positions count twice here.
 int FillGroup(const Inputs& inputs, ResultGrid& grid, int row, int group,
-              const std::vector<std::string>& window, const std::string& drawText) {
-    const Formula& formula = inputs.formulas[static_cast<std::size_t>(group)];
+              std::span<const DrawBalls> before, RedSet drawn) {
+    int col = FirstColumn(inputs, group);
+    const int hitCol = col + inputs.dmgs;
+    PaintCells(grid, row, col, hitCol - 1, kStripe);
     int hits = 0;
-    for (int j = 0; j < inputs.dmgs; ++j) {
-        const int col = FirstColumn(inputs, group) + j;
-        grid.SetBack(row, col, kStripe);
-        const auto position = static_cast<std::size_t>(j);
-        if (position >= formula.size() || formula[position] >= window.size()) continue;
-        const std::string& ball = window[formula[position]];
-        grid.SetCell(row, col, ball);
-        if (Contains(drawText, ball)) {
-            grid.SetBack(row, col, kHit);
+    for (const int ball : BallsAt(inputs.formulas[static_cast<std::size_t>(group)], before)) {
+        if (col == hitCol) break;  // a stored formula can be longer than the first one
+        grid.SetCell(row, col, TwoDigits(ball));
+        if (drawn.Has(ball)) {
+            grid.SetBack(row, col, kDrawnMark);
             ++hits;
         }
+        ++col;
     }
     return hits;
 }
 
-using GroupHits = std::array<int, kGroups>;
-
-void FillDrawRow(const Inputs& inputs, ResultGrid& grid, int row, GroupHits& groupHits) {
-    const Recordset& draw = inputs.range;
-    const std::string kjhm = draw.Text("kjhm");
-    grid.SetCell(row, 0, ShortIssue(draw.Text("kjqh")));
-    grid.SetCell(row, 1, kjhm);
-    if (draw.Number("xqjc") > static_cast<double>(kRichPoolYuan)) grid.SetFore(row, 1, kRichPool);
-
-    const auto index = inputs.earlier + static_cast<std::size_t>(row - kFirstDataRow);
-    const std::vector<std::string> window = Window(inputs, index);
+void FillDrawRow(const Inputs& inputs, ResultGrid& grid, int row, ColumnCounts& hitRows) {
+    const auto index = static_cast<std::size_t>(row - kFirstDataRow);
+    const PrizedDraw& draw = inputs.range[index];
+    grid.SetCell(row, 0, ShortIssue(draw.issue));
+    grid.SetCell(row, 1, draw.reds);
+    if (draw.pool > kRichPoolYuan) grid.SetFore(row, 1, kBlueInk);
+    const auto before = std::span(inputs.before).subspan(inputs.range.size() - index);
     for (int group = 0; group < kGroups; ++group) {
-        const int hits = FillGroup(inputs, grid, row, group, window, kjhm);
-        grid.SetCell(row, FirstColumn(inputs, group) + inputs.dmgs, std::to_string(hits));
-        if (hits > 0) ++groupHits[static_cast<std::size_t>(group)];
+        const int hits = FillGroup(inputs, grid, row, group, before, RedSet::FromList(draw.reds));
+        const int hitCol = FirstColumn(inputs, group) + inputs.dmgs;
+        grid.SetCell(row, hitCol, std::to_string(hits));
+        if (hits > 0) hitRows.Add(hitCol);
     }
 }
 
 void FillNextIssueRow(const Inputs& inputs, ResultGrid& grid, int row) {
     grid.SetCell(row, 1, std::to_string(inputs.nextIssue) + "期推荐胆码");
-    const std::vector<std::string> window = Window(inputs, inputs.draws.size());
-    for (int group = 0; group < kGroups; ++group) FillGroup(inputs, grid, row, group, window, {});
+    for (int group = 0; group < kGroups; ++group) {
+        FillGroup(inputs, grid, row, group, inputs.before, {});
+    }
 }
 
-void FillRateRow(const Inputs& inputs, ResultGrid& grid, int row, const GroupHits& groupHits) {
+void FillRateRow(const Inputs& inputs, ResultGrid& grid, int row, const ColumnCounts& hitRows) {
     grid.SetCell(row, 1, "每组命中概率");
     for (int group = 0; group < kGroups; ++group) {
-        const double rate =
-            Percent(groupHits[static_cast<std::size_t>(group)], inputs.range.recordcount());
-        grid.SetCell(row, FirstColumn(inputs, group) + inputs.dmgs, NumberText(rate));
+        const int hitCol = FirstColumn(inputs, group) + inputs.dmgs;
+        hitRows.WriteRates(grid, row, hitCol, hitCol, static_cast<int>(inputs.range.size()));
     }
 }
 
 }  // namespace
 
-std::string LearningModeText(Session& session) {
-    const int xxqs = GetLearnPeriods(session);
-    const int dmgs = GetBankerCount(session);
-    return "当前模式: 学习的期数是" + std::to_string(xxqs) + "期,学习的胆码是" +
-           std::to_string(dmgs) + "个   胆码推荐需要奖池信息更新之后才能推荐！";
-}
-
-bool RecommendBankers(Session& session, const PeriodRange& range, BankerRecommendation& result) {
+std::optional<GridReport> RecommendBankers(Session& session, const PeriodRange& range, int dmgs) {
     Inputs inputs;
-    if (!ReadInputs(session, range, inputs)) return false;
+    inputs.dmgs = dmgs;
+    if (!ReadInputs(session, range, inputs)) return std::nullopt;
 
     ResultGrid grid = EmptyGrid(inputs);
-    GroupHits groupHits{};
-    int row = kFirstDataRow;
-    for (; !inputs.range.eof(); inputs.range.MoveNext()) {
-        FillDrawRow(inputs, grid, row++, groupHits);
+    ColumnCounts hitRows(grid.cols());
+    const int nextIssueRow = kFirstDataRow + static_cast<int>(inputs.range.size());
+    for (int row = kFirstDataRow; row < nextIssueRow; ++row) {
+        FillDrawRow(inputs, grid, row, hitRows);
     }
-    FillNextIssueRow(inputs, grid, row);
-    FillRateRow(inputs, grid, row + 1, groupHits);
-    result.grid = std::move(grid);
-    result.caption =
-        "分析结果  共" + std::to_string(inputs.range.recordcount()) + "期数据,概率降低请重新学习";
-    return true;
+    FillNextIssueRow(inputs, grid, nextIssueRow);
+    FillRateRow(inputs, grid, nextIssueRow + 1, hitRows);
+    return GridReport{std::move(grid), "分析结果  共" + std::to_string(inputs.range.size()) +
+                                           "期数据,概率降低请重新学习"};
 }
 
 }  // namespace ssq

@@ -2,25 +2,17 @@
 // next issue.
 #pragma once
 
-#include <string>
+#include <optional>
 
 #include "draws/public_fun.h"
-#include "ui/ResultGrid.h"
+#include "ui/ColumnTable.h"
 
 namespace ssq {
 
 struct Session;
 
-struct BankerRecommendation {
-    ResultGrid grid;
-    std::string caption;  // of the group around the grid
-};
-
-// What the status bar says of the learning settings.
-std::string LearningModeText(Session& session);
-
-// False when it did not get to its end; what there was to say has been shown and `result` is
-// untouched.
-bool RecommendBankers(Session& session, const PeriodRange& range, BankerRecommendation& result);
+// With the formulas in trate, which must have `dmgs` positions; nothing after telling the user
+// why not.
+std::optional<GridReport> RecommendBankers(Session& session, const PeriodRange& range, int dmgs);
 
 }  // namespace ssq

@@ -5,9 +5,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "banker/LearningSettings.h"
+#include "draws/BankerSettings.h"
 #include "draws/Public_var.h"
-#include "draws/public_fun.h"
 #include "ui/qt/form.h"
 
 namespace ssq {
@@ -26,13 +25,14 @@ frmXUEXI::frmXUEXI(const PanelContext& context, QWidget* parent)
 }
 
 void frmXUEXI::Load() {
-    periods_->setText(QString::number(GetLearnPeriods(context_.session)));
-    bankers_->setCurrentIndex(GetBankerCount(context_.session) - 1);
+    const auto settings = ReadBankerSettings(context_.session);
+    periods_->setText(settings ? QString::number(settings->xxqs) : QString());
+    bankers_->setCurrentIndex(settings ? settings->dmgs - 1 : -1);
 }
 
 void frmXUEXI::Save() {
     const int dmgs = bankers_->currentIndex() + 1;
-    if (SaveLearningSettings(context_.session, periods_->text().toStdString(), dmgs)) accept();
+    if (SaveBankerSettings(context_.session, periods_->text().toStdString(), dmgs)) accept();
 }
 
 }  // namespace ssq

@@ -22,8 +22,10 @@ frmxxjl::frmxxjl(const PanelContext& context, QWidget* parent)
 }
 
 void frmxxjl::Load() {
-    ResultGrid grid;
-    if (ReadLearningRecords(context_.session, grid, records_)) vs1_->SetGrid(std::move(grid));
+    auto log = ReadLearningRecords(context_.session);
+    if (!log) return;
+    records_ = std::move(log->records);
+    vs1_->SetGrid(std::move(log->grid));
 }
 
 void frmxxjl::Restore() {

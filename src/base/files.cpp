@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <fstream>
 #include <system_error>
 
 namespace ssq {
@@ -105,6 +106,21 @@ bool ReplaceFile(const fs::path& file, std::string_view bytes, std::string& erro
     if (Replace(resolved.empty() ? file : resolved, bytes)) return true;
     errorText = Reason(errno);
     return false;
+}
+
+std::optional<std::string> ReadFile(const fs::path& file, std::size_t largest,
+                                    std::string& errorText) {
+    std::ifstream stream(file, std::ios::binary);
+    std::string bytes(largest + 1, '\0');
+    stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    if (!stream.is_open() || stream.bad()) {
+        errorText = "无法打开文件。";
+        return std::nullopt;
+    }
+    bytes.resize(static_cast<std::size_t>(stream.gcount()));
+    if (bytes.size() <= largest) return bytes;
+    errorText = "文件太大。";
+    return std::nullopt;
 }
 
 }  // namespace ssq

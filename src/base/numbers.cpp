@@ -92,13 +92,36 @@ std::int64_t WholePart(std::string_view text) {
     return WholePart(ParseNumber(text).value_or(0));
 }
 
+int ToInt(std::int64_t value) {
+    using Limits = std::numeric_limits<int>;
+    return static_cast<int>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
+}
+
 std::vector<int> IntList(std::string_view list) {
-    constexpr std::int64_t kLowest = std::numeric_limits<int>::min();
-    constexpr std::int64_t kHighest = std::numeric_limits<int>::max();
     std::vector<int> numbers;
-    for (const std::string& item : Split(list, ",")) {
-        numbers.push_back(static_cast<int>(std::clamp(WholePart(Val(item)), kLowest, kHighest)));
+    for (const std::string& item : Split(list, ",")) numbers.push_back(ToInt(WholePart(Val(item))));
+    return numbers;
+}
+
+std::string NumberListText(std::span<const int> numbers) {
+    std::string text;
+    for (const int number : numbers) {
+        if (!text.empty()) text += ',';
+        text += std::to_string(number);
     }
+    return text;
+}
+
+std::optional<std::vector<int>> ParseNumberList(std::string_view text, int low, int high) {
+    std::vector<int> numbers;
+    for (const std::string& item : Split(text, ",")) {
+        const auto value = ParseNumber(item);
+        if (!value || *value < low || *value > high || *value != std::trunc(*value)) {
+            return std::nullopt;
+        }
+        numbers.push_back(static_cast<int>(*value));
+    }
+    if (numbers.empty()) return std::nullopt;
     return numbers;
 }
 
@@ -120,8 +143,8 @@ std::string NumberText(double value) {
     constexpr double kLargestPlain = 1e15;
     constexpr double kSmallestPlain = 1e-7;
     const double size = std::fabs(value);
-    const auto form = size < kLargestPlain && size >= kSmallestPlain ? std::chars_format::fixed
-                                                                     : std::chars_format::general;
+    const auto form = size <= kLargestPlain && size >= kSmallestPlain ? std::chars_format::fixed
+                                                                      : std::chars_format::general;
     std::array<char, 64> buffer{};
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, form);
     return {buffer.data(), end.ptr};

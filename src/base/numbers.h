@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,6 +30,14 @@ std::int64_t WholePart(double value);
 
 // The leading whole numbers of the items of a comma text, held to the range of an int.
 std::vector<int> IntList(std::string_view list);
+
+// The value held to the range of an int.
+int ToInt(std::int64_t value);
+
+// Whole numbers as comma text without padding, such as 0,7,13, and back: nothing when an item is
+// no whole number from `low` to `high`, or there is none.
+std::string NumberListText(std::span<const int> numbers);
+std::optional<std::vector<int>> ParseNumberList(std::string_view text, int low, int high);
 
 // Two decimals, ties to the even digit.
 double Round(double value);

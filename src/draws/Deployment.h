@@ -19,6 +19,7 @@ struct Deployment {
     std::string makerSite;
     std::string makerSiteCaption;
     std::string productPage;
+    std::string formulaGuide;  // how to write formulas
     std::string contactLink;
 };
 

@@ -23,10 +23,9 @@ Draw ReadRow(const Recordset& rows) {
     draw.drawn = rows.Text(2);
     draw.date = rows.Text(3);
     for (int ball = 0; ball < kRedsInDraw; ++ball) {
-        draw.balls[static_cast<std::size_t>(ball)] =
-            static_cast<int>(rows.Int(kFirstBallField + ball));
+        draw.balls[static_cast<std::size_t>(ball)] = ToInt(rows.Int(kFirstBallField + ball));
     }
-    draw.blue = static_cast<int>(rows.Int(kBlueField));
+    draw.blue = ToInt(rows.Int(kBlueField));
     draw.set = RedSet::FromList(draw.reds);
     return draw;
 }
@@ -52,6 +51,16 @@ std::string ConditionOf(const PeriodRange& range) {
 }
 
 }  // namespace
+
+DrawBalls BallsOf(std::string_view reds) {
+    DrawBalls balls{};
+    std::size_t at = 0;
+    for (const std::string& item : Split(reds, ",")) {
+        const std::int64_t number = WholePart(item);
+        if (at < balls.size()) balls[at++] = number >= 0 && number < 100 ? ToInt(number) : 0;
+    }
+    return balls;
+}
 
 std::optional<std::vector<Draw>> ReadDraws(Session& session, const PeriodRange& range) {
     return ReadDrawsWhere(session, ConditionOf(range));

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/RedSet.h"
@@ -28,15 +29,22 @@ constexpr int NumberZone(int number) {
 }
 inline constexpr int kNumberZones = 5;
 
+// The reds of a draw as numbers, in the order of their source.
+using DrawBalls = std::array<int, kRedsInDraw>;
+
+// The numbers of a RedList in the order of the text; 0 behind its end and for what is no number
+// from 0 to 99.
+DrawBalls BallsOf(std::string_view reds);
+
 // A row of cphm.
 struct Draw {
-    std::string issue;                     // YYYYNNN
-    std::string date;                      // as stored
-    std::string reds;                      // kjhm: two digits each, ascending, commas between
-    std::string drawn;                     // cqsx: the same in drawn order; empty while unknown
-    std::array<int, kRedsInDraw> balls{};  // a1 to a6, in the order of the source
-    int blue = 0;                          // a7
-    RedSet set;                            // of kjhm
+    std::string issue;  // YYYYNNN
+    std::string date;   // as stored
+    std::string reds;   // kjhm: two digits each, ascending, commas between
+    std::string drawn;  // cqsx: the same in drawn order; empty while unknown
+    DrawBalls balls{};  // a1 to a6
+    int blue = 0;       // a7
+    RedSet set;         // of kjhm
 
     bool Has(int red) const { return set.Has(red); }
 };
@@ -63,8 +71,8 @@ std::optional<std::vector<Draw>> ReadDrawsUpTo(Session& session, const std::stri
 // What a source tells of a new draw.
 struct NewDraw {
     std::int32_t issue = 0;
-    std::string date;                      // year, month and day with "-" between, a real date
-    std::array<int, kRedsInDraw> balls{};  // in the order of the source
+    std::string date;  // year, month and day with "-" between, a real date
+    DrawBalls balls{};
     int blue = 0;
     std::string drawn;  // 17 characters; empty while unknown
 };

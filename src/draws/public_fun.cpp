@@ -15,13 +15,6 @@ namespace {
 
 constexpr std::size_t kIssueDigits = 7;
 
-int ReadSetting(Session& session, const std::string& column) {
-    Recordset rows;
-    const std::string sql = "Select top 1 " + column + " from vqs where itype=0";
-    if (!QueryOrTell(session, sql, rows) || rows.eof()) return 0;
-    return static_cast<int>(rows.Int(0));
-}
-
 // Days from a draw to the last day that still counts into its year: one short of the real gap to
 // the next draw.
 int StepAfter(int weekday) {
@@ -75,8 +68,8 @@ std::int32_t NextIssue(Session& session, const std::string& issue) {
     Recordset rows;
     if (!QueryOrTell(session, "select kjdate from cphm where kjqh=" + issue, rows)) return 0;
     const auto drawn = ParseDate(rows.Text(0));
-    if (rows.eof() || !drawn) {
-        session.host.ShowMessage("没有" + issue + "期的开奖日期！");
+    if (!drawn) {
+        session.host.ShowMessage(rows.eof() ? "期号填写错误！" : "没有" + issue + "期的开奖日期！");
         return 0;
     }
     const Date reached = AddDays(*drawn, StepAfter(Weekday(*drawn)));
@@ -95,14 +88,6 @@ std::int32_t NextIssueDraw(Session& session, const std::string& issue, std::stri
     }
     drawText = rows.eof() ? "未开奖" : rows.Text(0);
     return next;
-}
-
-int GetLearnPeriods(Session& session) {
-    return ReadSetting(session, "xxqs");
-}
-
-int GetBankerCount(Session& session) {
-    return ReadSetting(session, "dmgs");
 }
 
 std::string PadNumberList(std::string_view text) {

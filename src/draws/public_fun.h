@@ -1,4 +1,4 @@
-// Small operations that more than one panel uses: issues, learning settings, number lists.
+// Small operations that more than one panel uses: issues and number lists.
 #pragma once
 
 #include <cstdint>
@@ -39,11 +39,6 @@ std::int32_t NextIssue(Session& session, const std::string& issue);
 // NextIssue, and the reds of that issue, "未开奖" when it has none yet. On failure 0, and
 // `drawText` is untouched.
 std::int32_t NextIssueDraw(Session& session, const std::string& issue, std::string& drawText);
-
-// Draws to learn on and bankers in a group; 0 when the setting has no row or the query fails
-// (its text has been shown).
-int GetLearnPeriods(Session& session);
-int GetBankerCount(Session& session);
 
 // 1,2,13 gives 01,02,13; blank text gives empty text.
 std::string PadNumberList(std::string_view text);

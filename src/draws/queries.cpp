@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "draws/Public_var.h"
 #include "draws/public_fun.h"
+#include "store/Transaction.h"
 #include "store/WriteBatch.h"
 #include "ui/Host.h"
 
@@ -39,6 +40,12 @@ bool CommitOrTell(Session& session, WriteBatch& batch) {
     std::string errorText;
     if (batch.Commit(errorText)) return true;
     session.host.ShowMessage(errorText);
+    return false;
+}
+
+bool CommitOrTell(Session& session, Transaction& transaction) {
+    if (transaction.Commit()) return true;
+    session.host.ShowMessage(transaction.errorText());
     return false;
 }
 

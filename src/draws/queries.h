@@ -7,6 +7,7 @@
 
 namespace ssq {
 
+class Transaction;
 class WriteBatch;
 struct Session;
 
@@ -31,6 +32,9 @@ bool ExecuteOrTell(Session& session, const std::string& sql, const Values& value
 
 // Ends the batch; false after showing the store's text.
 bool CommitOrTell(Session& session, WriteBatch& batch);
+
+// The same for a transaction.
+bool CommitOrTell(Session& session, Transaction& transaction);
 
 // Whether `Select count(*)` from the table succeeds. On failure the error text is shown only when
 // it does not name the table.

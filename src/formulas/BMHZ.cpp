@@ -18,11 +18,6 @@ namespace {
 // The last issue that has fewer than ten draws before it.
 constexpr std::int64_t kLastWithoutTen = 2003011;
 
-int LoweredInRing(int number, int offset) {
-    const int lowered = number - offset;
-    return lowered < 1 ? RedSet::kLargest - std::abs(lowered) : lowered;
-}
-
 int RaisedInRing(int number, int offset) {
     const int raised = number + offset;
     return raised > RedSet::kLargest ? raised - RedSet::kLargest : raised;
@@ -51,6 +46,11 @@ std::string FormulaColumns(const std::string& suffix) {
         columns.push_back(FormulaKey(FormulaAt(index)) + suffix);
     }
     return Join(columns, ",");
+}
+
+int LoweredInRing(int number, int offset) {
+    const int lowered = number - offset;
+    return lowered < 1 ? RedSet::kLargest - std::abs(lowered) : lowered;
 }
 
 std::string ShiftDraw(const std::string& target, const std::string& source, int offset, int& hits,

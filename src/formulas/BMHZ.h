@@ -38,6 +38,9 @@ std::string FormulaKey(ShiftFormula formula);
 // The 130 column names in FormulaIndex order, each followed by `suffix`, joined by commas.
 std::string FormulaColumns(const std::string& suffix = {});
 
+// The number lowered by `offset` (0 to 32) in the ring 1..33.
+int LoweredInRing(int number, int offset);
+
 enum class ShiftMode { kBoth = 0, kMinus = 1, kPlus = 2 };
 
 // Shifts every number of the comma text `source` by `offset` (0 to 32) in the ring 1..33 and

@@ -2,27 +2,23 @@
 // for the next issue.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "draws/public_fun.h"
-#include "formulas/BMHZ.h"
-#include "ui/ResultGrid.h"
+#include "ui/ColumnTable.h"
 
 namespace ssq {
 
-struct KillRecommendation {
-    ResultGrid grid;
-    std::string caption;
-};
+struct Session;
 
-// The kill numbers for one draw as comma text: for each formula of `formulaText` ("Q,B|Q,B")
-// the six lowered numbers of the Q-th earlier draw. Empty after showing "条件错误！" (no formula)
-// or "数据不足！" (fewer than ten earlier draws).
-std::string KillPredictRow(Session& session, const std::string& formulaText,
-                           const EarlierDraws& earlier, const std::string& targetDraw);
+// Applies the set stored in tDs to the draws of the period; an empty start is the first draw.
+// Nothing when it could not; the user has been told.
+std::optional<GridReport> KillRecommend(Session& session, const PeriodRange& range);
 
-// Applies the set stored in tDs to the draws of the period. False when it could not; the user has
-// been told and `result` is untouched.
-bool KillRecommend(Session& session, const PeriodRange& range, KillRecommendation& result);
+// The kill numbers in row `rowSel` of a recommendation's grid as conditions of a number filter, a
+// line to a formula; behind those of four formulas follow seven pairs across them. Every line ends
+// in "\r\n"; empty without a selection.
+std::string KillConditions(const ResultGrid& grid);
 
 }  // namespace ssq

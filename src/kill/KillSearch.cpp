@@ -162,6 +162,20 @@ std::size_t HitMatrix::At(int draw, int formula) {
     return static_cast<std::size_t>(draw) * kFormulaCount + static_cast<std::size_t>(formula);
 }
 
+HitMatrix HitsOf(std::span<const RedSet> before, int draws) {
+    HitMatrix matrix(draws);
+    for (int draw = 0; draw < draws; ++draw) {
+        const auto target = static_cast<std::size_t>(draw);
+        for (int index = 0; index < kFormulaCount; ++index) {
+            const ShiftFormula formula = FormulaAt(index);
+            const RedSet source = before[target + static_cast<std::size_t>(formula.q)];
+            matrix.Set(draw, index,
+                       ShiftHits(before[target], source, formula.b, ShiftMode::kMinus));
+        }
+    }
+    return matrix;
+}
+
 std::int64_t KillSetCount(int setSize) {
     return Combinations(kFormulaCount, setSize);
 }

@@ -4,7 +4,10 @@
 
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <vector>
+
+#include "base/RedSet.h"
 
 namespace ssq {
 
@@ -26,6 +29,10 @@ class HitMatrix {
     int draws_;
     std::vector<std::int16_t> hits_;
 };
+
+// The hits of all formulas on the newest `draws` of the draws `before`, which are newest first and
+// at least kFormulaDraws more.
+HitMatrix HitsOf(std::span<const RedSet> before, int draws);
 
 inline constexpr int kLargestKillSet = 4;
 

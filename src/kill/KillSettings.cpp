@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "draws/Public_var.h"
 #include "draws/queries.h"
+#include "kill/KillSearch.h"
 #include "ui/Host.h"
 
 namespace ssq {
@@ -16,19 +17,17 @@ namespace {
 constexpr int kLowestRate = 10;
 constexpr int kHighestRate = 100;
 
-int ToInt(std::int64_t value) {
-    using Limits = std::numeric_limits<int>;
-    return static_cast<int>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
-}
-
 // What is wrong with the trimmed texts; empty when nothing is.
-std::string Fault(const std::string& xxqs, const std::string& rate) {
+std::string Fault(const std::string& xxqs, const std::string& rate, int dmgs) {
     if (!IsNumeric(xxqs)) return "学习期数只能为数字！";
     if (!IsNumeric(rate)) return "杀对概率只能为数字！";
     if (WholePart(rate) > kHighestRate || WholePart(rate) < kLowestRate) {
         return "杀对概率不能大于100%或小于10%！";
     }
-    return "";
+    if (WholePart(xxqs) < 1 || WholePart(xxqs) > std::numeric_limits<std::int32_t>::max()) {
+        return "学习期数填写错误！";
+    }
+    return dmgs >= 0 && dmgs < kLargestKillSet ? "" : "请选择杀码个数！";
 }
 
 }  // namespace
@@ -49,25 +48,21 @@ std::optional<KillSettings> ReadKillSettingsOrTell(Session& session) {
     return settings;
 }
 
-bool SaveKillSettings(Session& session, std::string_view xxqsText, std::string_view rateText,
-                      int dmgs, int rc) {
-    const std::string xxqs = Trim(xxqsText);
-    const std::string rate = Trim(rateText);
-    if (const std::string fault = Fault(xxqs, rate); !fault.empty()) {
+bool SaveKillSettings(Session& session, const KillSettingsInput& input) {
+    const std::string xxqs = Trim(input.xxqs);
+    const std::string rate = Trim(input.rate);
+    if (const std::string fault = Fault(xxqs, rate, input.dmgs); !fault.empty()) {
         session.host.ShowMessage(fault);
         return false;
     }
     Recordset rows;
     if (!QueryOrTell(session, "Select * from vqs where itype=1", rows)) return false;
-    const std::string q = std::to_string(WholePart(xxqs));
-    const std::string p = std::to_string(WholePart(rate));
-    const std::string s = std::to_string(dmgs);
-    const std::string r = std::to_string(rc);
-    return ExecuteOrTell(session, rows.eof()
-                                      ? "insert into vqs(xxqs,dmgs,rc,setRate,itype) values(" + q +
-                                            "," + s + "," + r + "," + p + ",1)"
-                                      : "Update vqs Set xxqs=" + q + ",dmgs=" + s + ",rc=" + r +
-                                            ",setRate=" + p + " where itype=1");
+    const int rc = input.tolerant ? input.rc : 0;
+    return ExecuteOrTell(
+        session,
+        rows.eof() ? "insert into vqs(xxqs,dmgs,rc,setRate,itype) values(?,?,?,?,1)"
+                   : "Update vqs Set xxqs=?,dmgs=?,rc=?,setRate=? where itype=1",
+        {WholePart(xxqs), std::int64_t{input.dmgs}, std::int64_t{rc}, WholePart(rate)});
 }
 
 KillProposal DefaultKillSettings(int dmgs) {

@@ -3,7 +3,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace ssq {
 
@@ -22,11 +21,19 @@ std::optional<KillSettings> ReadKillSettings(Session& session);
 // ReadKillSettings that tells the user "读取参数出错！" when it is empty.
 std::optional<KillSettings> ReadKillSettingsOrTell(Session& session);
 
-// Checks the texts of the number of draws and of the rate (its whole part is 10 to 100), and
-// stores the whole parts with the positions `dmgs` and `rc`. False when a check or the store
-// refused them; the user has been told.
-bool SaveKillSettings(Session& session, std::string_view xxqsText, std::string_view rateText,
-                      int dmgs, int rc);
+// The settings as the dialog's controls hold them.
+struct KillSettingsInput {
+    std::string xxqs;
+    std::string rate;
+    int dmgs = 0;  // position in the list of sizes
+    bool tolerant = false;
+    int rc = 0;  // position in the list of tolerances, which counts when `tolerant`
+};
+
+// Checks the number of draws (its whole part is at least 1) and the rate (10 to 100), and stores
+// the whole parts with the positions. False when a check or the store refused them; the user has
+// been told.
+bool SaveKillSettings(Session& session, const KillSettingsInput& input);
 
 // What the dialog shows for a kill size.
 struct KillProposal {

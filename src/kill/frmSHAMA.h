@@ -3,40 +3,25 @@
 
 #include <string>
 
-#include "ui/qt/Panel.h"
-
-class QGroupBox;
-class QPushButton;
+#include "ui/qt/RangePanel.h"
 
 namespace ssq {
 
-class GridView;
-class IssueCombo;
-class ProgressStrip;
-
-class frmSHAMA final : public Panel {
+class frmSHAMA final : public RangePanel {
   public:
     explicit frmSHAMA(const PanelContext& context, QWidget* parent = nullptr);
 
     // Recommends for the `periods` draws that end with `endIssue`.
     void CallCommand1(const std::string& endIssue, int periods);
 
-  protected:
   private:
-    void Load();
     void TakePeriod(int periods);
     void Recommend();
     void Learn();
-    void Release();
     void ShowRecords();
 
-    IssueCombo* start_;
-    IssueCombo* end_;
-    QPushButton* learnButton_;
     ProgressStrip* progress_;
-    QGroupBox* resultGroup_;
-    GridView* vs1_;
-    bool learning_ = false;
+    QPushButton* learnButton_;
 };
 
 }  // namespace ssq

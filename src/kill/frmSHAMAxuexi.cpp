@@ -33,7 +33,8 @@ frmSHAMAxuexi::frmSHAMAxuexi(const PanelContext& context, QWidget* parent)
     AddButton(buttons, "Command3", QStringLiteral("恢复默认值"), [this] { RestoreDefaults(); });
     RemoveCloseEntry(*this, 0);
     Load();
-    connect(size_, &QComboBox::currentIndexChanged, this, [this](int dmgs) { Propose(dmgs); });
+    // Also told when the size chosen already is chosen again.
+    connect(size_, &QComboBox::activated, this, [this](int dmgs) { Propose(dmgs); });
     connect(tolerant_, &QCheckBox::toggled, rc_, &QComboBox::setEnabled);
 }
 
@@ -71,11 +72,10 @@ void frmSHAMAxuexi::RestoreDefaults() {
 }
 
 void frmSHAMAxuexi::Save() {
-    const int rc = tolerant_->isChecked() ? rc_->currentIndex() : 0;
-    if (SaveKillSettings(context_.session, xxqs_->text().toStdString(), rate_->text().toStdString(),
-                         size_->currentIndex(), rc)) {
-        accept();
-    }
+    const KillSettingsInput input{xxqs_->text().toStdString(), rate_->text().toStdString(),
+                                  size_->currentIndex(), tolerant_->isChecked(),
+                                  rc_->currentIndex()};
+    if (SaveKillSettings(context_.session, input)) accept();
 }
 
 }  // namespace ssq

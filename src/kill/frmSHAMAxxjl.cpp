@@ -23,17 +23,15 @@ frmSHAMAxxjl::frmSHAMAxxjl(const PanelContext& context, OnRestored onRestored, Q
 }
 
 void frmSHAMAxxjl::Load() {
-    ResultGrid grid;
-    if (ReadKillRecords(context_.session, grid)) vs1_->SetGrid(std::move(grid));
+    if (auto grid = ReadKillRecords(context_.session)) vs1_->SetGrid(std::move(*grid));
 }
 
 void frmSHAMAxxjl::Restore() {
     const ResultGrid& grid = vs1_->grid();
     const int row = grid.row();
-    const std::string id = std::to_string(WholePart(grid.cell(row, 0)));
     const auto number = [&](int col) { return WholePart(grid.cell(row, col)); };
-    if (!RestoreKillRecord(context_.session, id)) return;
-    onRestored_(std::to_string(number(2)), static_cast<int>(number(4)));
+    if (!RestoreKillRecord(context_.session, number(0))) return;
+    onRestored_(std::to_string(number(2)), ToInt(number(4)));
 }
 
 }  // namespace ssq

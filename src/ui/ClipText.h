@@ -15,9 +15,4 @@ std::string SelectionText(const ResultGrid& grid);
 // between them and none behind the last; empty without a selection.
 std::string SelectionConditions(const ResultGrid& grid);
 
-// The groups of kill numbers in the grid's row `rowSel` as conditions. `groups` counts the groups
-// behind the first, each of six columns from column 2 on; with three of them seven lines of
-// pairs across the groups follow. Every line ends in "\r\n"; empty without a selection.
-std::string KillConditions(const ResultGrid& grid, int groups);
-
 }  // namespace ssq

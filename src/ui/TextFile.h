@@ -8,8 +8,8 @@ namespace ssq {
 
 class Host;
 
-// Creates or overwrites a text file with the text as it is, in UTF-8. False after a box with
-// "写入文件时出错！" and the reason.
+// Creates or overwrites a text file with the bytes of the text as they are, in UTF-8 unless the
+// caller has encoded them. False after a box with "写入文件时出错！" and the reason.
 bool WriteTextFile(Host& host, const std::filesystem::path& file, const std::string& text);
 
 }  // namespace ssq

@@ -1,124 +1,154 @@
 #include "banker/fenXi.h"
-#include "base/combinations.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "base/text.h"
-#include "draws/Public_var.h"
-#include "draws/queries.h"
+#include "banker/LearningRecords.h"
+#include "banker/PositionFormulas.h"
 #include "support/TestDatabase.h"
+#include "ui/Run.h"
 
 namespace ssq {
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
-TEST(ComboLists, KeepTheDictionaryOrderAndTheirDifferentTexts) {
-    EXPECT_THAT(ComboList1("01,,2"), ElementsAre("1", "2", ""));
-    EXPECT_THAT(ComboList2("01,02,,3"), ElementsAre("01,02", "01,3", "02,3", ""));
-    EXPECT_THAT(ComboList3("01,02,03,04"), ElementsAre("1,2,3", "1,2,4", "1,3,4", "2,3,4", ""));
-    EXPECT_THAT(ComboList4("1,2,3,4"), ElementsAre("1,2,3,4", ""));
-    EXPECT_THAT(ComboList5("1,2,3,4"), ElementsAre(""));
-    const auto five = ComboList5("0,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,23");
-    ASSERT_EQ(five.size(), 33649U + 1);
-    EXPECT_EQ(five.front(), "0,1,2,3,4");
-    EXPECT_EQ(five[33648], "18,19,20,21,23");
+std::vector<std::string> Texts(const std::vector<ScoredFormula>& formulas) {
+    std::vector<std::string> texts;
+    for (const auto& [positions, rate] : formulas) {
+        texts.push_back(FormulaText(positions) + ": " + std::to_string(static_cast<int>(rate)));
+    }
+    return texts;
 }
 
-// Round 0 aims at the first text, round 1 at the second; positions 0 to 5 are the draw behind it.
-const std::vector<std::string> kDraws = {
-    "01,02,03,04,05,06", "01,07,08,09,10,11", "02,12,13,14,15,16",
-    "01,17,18,19,20,21", "22,23,24,25,26,27", "01,28,29,30,31,32",
-};
-
-struct RateCase {
-    const char* formula;
-    int xxqs;
-    double rate;
-};
-
-TEST(FormulaHitRate, CountsOneRoundMoreThanItsDivisor) {
-    TestHost host;
-    const RateCase cases[] = {
-        {"0", 1, 100},     // round 0: 01 hits; round 1: 02 misses; one hit over one
-        {"6", 1, 200},     // 02 in round 0, 01 in round 1
-        {"0,6", 1, 200},   // either position is enough
-        {"5", 1, 0},       // 11 and 16 miss
-        {"0,12", 1, 100},  // 01 twice in round 0 is one hit round; round 1: 02 and 22 miss
-    };
-    for (const RateCase& c : cases) {
-        EXPECT_EQ(FormulaHitRate(host, kDraws, c.formula, c.xxqs), c.rate) << c.formula;
-    }
+// Worked out by hand. Round 0 aims at the first draw, round 1 at the second; 100 is one hit round
+// over a divisor of 1, so that position 6 (2 in round 0, 1 in round 1) has 200.
+TEST(PositionFormulas, CountOneRoundMoreThanTheirDivisor) {
+    const std::vector<DrawBalls> draws = {{1, 2, 3, 4, 5, 6},       {1, 7, 8, 9, 10, 11},
+                                          {2, 12, 13, 14, 15, 16},  {1, 17, 18, 19, 20, 21},
+                                          {22, 23, 24, 25, 26, 27}, {1, 28, 29, 30, 31, 32}};
+    EXPECT_THAT(Texts(*GoodFormulas(draws, {1, 1}, {})),
+                ElementsAre("0: 100", "6: 200", "12: 100", "18: 100"));
+    EXPECT_THAT(Texts(BestFormulas(draws, {1, 1}, 3)), ElementsAre("6: 200", "0: 100", "12: 100"));
+    // Either position is enough, and both at once are one hit round.
+    EXPECT_THAT(Texts(BestFormulas(draws, {1, 2}, 2)), ElementsAre("0,6: 200", "0,18: 200"));
+    EXPECT_THAT(BestFormulas(draws, {2, 1}, 3), IsEmpty());  // a draw short
+    EXPECT_THAT(BallsAt({0, 7, 23}, draws), ElementsAre(1, 7, 21));
 }
 
 class Learning : public testing::Test {
   protected:
     bool Learn(const std::string& end) {
-        return LearnFormulas(session, end, [](const std::string&) { return true; });
+        ssq::Run run(database.host());
+        return LearnFormulas(session, end, run);
     }
-    Recordset Query(const std::string& sql) {
-        Recordset rows;
-        EXPECT_TRUE(QueryOrTell(session, sql, rows));
-        return rows;
-    }
+    std::string Text(const std::string& sql) { return database.Run(sql).Text(0); }
     void Set(int xxqs, int dmgs) {
-        ASSERT_TRUE(ExecuteOrTell(session, "update vqs set xxqs=" + std::to_string(xxqs) +
-                                               ",dmgs=" + std::to_string(dmgs) + " where itype=0"));
+        database.Run("update vqs set xxqs=" + std::to_string(xxqs) +
+                     ",dmgs=" + std::to_string(dmgs) + " where itype=0");
+    }
+    std::string State() {
+        return Text("select count(*) || ' ' || sum(rate) from trate") + " " +
+               Text("select count(*) from xxjl") + " " +
+               Text("select xxqs || ' ' || dmgs from vqs where itype=0");
     }
 
     TestDatabase database = TestDatabase::Delivered();
     Session& session = database.session();
 };
 
-TEST_F(Learning, StoresWhatReachesTheThresholdInGeneratedOrder) {
-    Set(5, 1);
+TEST_F(Learning, StoresTheFormulasInOrderAndLogsTheBestOfTheDrawsLearnedOn) {
+    for (int i = 0; i < 60; ++i) database.Run("insert into xxjl(rdate,rqs) values('old',1)");
+    Set(10, 3);
+    database.host().onPump = [&] { Set(77, 2); };  // in the middle of the run
     ASSERT_TRUE(Learn("2020050"));
-    Recordset rows = Query("select gs,rate from trate");
-    ASSERT_GT(rows.recordcount(), 0);
-    int last = -1;
-    for (; !rows.eof(); rows.MoveNext()) {
-        EXPECT_GT(rows.Int("gs"), last);
-        EXPECT_NE(rows.Text("gs"), "22");
-        EXPECT_GE(rows.Number("rate"), 40);  // the multiple of 20 next above the threshold of 30
-        EXPECT_EQ(static_cast<int>(rows.Number("rate")) % 20, 0);
-        last = static_cast<int>(rows.Int("gs"));
+    ASSERT_GT(database.host().pumps, 0);
+    EXPECT_EQ(Text("select min(rate)>=50 and count(*)>3 from trate"), "1");
+    // Dictionary order of the positions, in the order of the rows.
+    std::vector<int> last;
+    for (Recordset rows = database.Run("select gs from trate"); !rows.eof(); rows.MoveNext()) {
+        const PositionFormula formula = ParseFormula(rows.Text(0)).value();
+        EXPECT_LT(last, formula);
+        EXPECT_THAT(formula, testing::Not(testing::Contains(22)));
+        last = formula;
     }
+    EXPECT_EQ(Text("select rqs || r1gs || r2gs || r3gs || r1mz || r2mz || r3mz from xxjl "
+                   "where rdate<>'old' and length(rdate)=19"),
+              "10" + Text("select group_concat(gs,'') || group_concat(rate,'') from (select "
+                          "gs,rate from trate order by rate desc,rowid limit 3)"));
+    EXPECT_EQ(Text("select count(*) from xxjl"), "51");
+
+    // Draws behind the end issue take no part.
+    database.host().onPump = nullptr;
+    Set(10, 3);
+    const std::string learned = Text("select sum(rate) from trate");
+    database.Run("update cphm set a1=1,a2=2,a3=3 where kjqh>2020050");
+    ASSERT_TRUE(Learn("2020050"));
+    EXPECT_EQ(Text("select sum(rate) from trate"), learned);
 }
 
-TEST_F(Learning, EndsAtTheChosenIssue) {
-    Set(30, 3);
+TEST_F(Learning, EndsWithTheOldFormulasOrTheNewOnes) {
+    Set(20, 3);
     ASSERT_TRUE(Learn("2020050"));
-    const std::string before = Query("select sum(rate) from trate").Text(0);
-    ASSERT_TRUE(ExecuteOrTell(session, "update cphm set a1=1,a2=2,a3=3 where kjqh>2020050"));
-    ASSERT_TRUE(Learn("2020050"));
-    EXPECT_EQ(Query("select sum(rate) from trate").Text(0), before);
-}
+    Set(30, 5);
+    const std::string before = State();
+    struct Unwanted : RunWatcher {
+        void ShowProgress(const std::string&) override {}
+        bool IsWanted() const override { return false; }
+    } unwanted;
+    ssq::Run ended(database.host(), &unwanted);
+    EXPECT_FALSE(LearnFormulas(session, "2020050", ended));
+    EXPECT_FALSE(Learn("2020x50"));
+    EXPECT_EQ(State(), before);
+    database.Run("create trigger t before insert on xxjl begin select raise(abort,'full'); end");
+    EXPECT_FALSE(Learn("2020050"));
+    EXPECT_EQ(State(), before);
+    EXPECT_THAT(database.host().Texts(), ElementsAre("期号填写错误！", "full"));
 
-TEST_F(Learning, RefusesAHistoryThatIsTooShort) {
+    // Too few draws leave no formula behind, so that no recommendation uses those of other draws.
+    database.Run("drop trigger t");
+    database.host().boxes.clear();
     Set(5, 1);
     EXPECT_FALSE(Learn("2003009"));
-    EXPECT_THAT(database.host().Texts(), ElementsAre("数据不足，请重新学习！"));
+    EXPECT_EQ(Text("select count(*) from trate"), "0");
     EXPECT_TRUE(Learn("2003010"));
+    // Where nothing is drawn again no formula is good.
+    database.Run("update cphm set a1=0,a2=0,a3=0,a4=0,a5=0,a6=0");
+    EXPECT_TRUE(Learn("2020050"));
+    EXPECT_THAT(database.host().Texts(), testing::Each("数据不足，请重新学习！"));
+    EXPECT_EQ(database.host().boxes.size(), 2U);
 }
 
-TEST_F(Learning, RecordsTheBestThreeAndPrunesTheLog) {
-    for (int i = 0; i < 60; ++i) {
-        ASSERT_TRUE(ExecuteOrTell(session, "insert into xxjl(rdate,rqs) values('old',1)"));
+TEST_F(Learning, RestoresAWholeRecordOrNothing) {
+    Set(20, 4);
+    database.Run(
+        "insert into xxjl(rdate,rqs,r1gs,r2gs,r3gs,r1mz,r2mz,r3mz) values"
+        "('t',7,'0,1','2,3','4,23',90.5,80,70),('t',8,'0,1','2,3','4',90,80,70),"
+        "('t',9,'0,1','2,3','4,24',90,80,70),('t',9,'0,1','2,3','4,5',90,80,null)");
+    const auto log = ReadLearningRecords(session);
+    ASSERT_EQ(log->records.size(), 4U);
+    EXPECT_EQ(log->grid.cell(4, 1), "7");  // of one second: the newest first
+    const std::string before = State();
+    for (int record = 0; record < 3; ++record) {
+        EXPECT_FALSE(RestoreLearningRecord(session, log->records[std::size_t(record)]));
+        EXPECT_EQ(State(), before);
     }
-    ASSERT_TRUE(ExecuteOrTell(session, "insert into trate(gs,rate) values('1',50)"));
-    ASSERT_TRUE(ExecuteOrTell(session, "insert into trate(gs,rate) values('2',60)"));
-    EXPECT_FALSE(RecordLearning(session));
-    EXPECT_THAT(database.host().Texts(), ElementsAre("数据不足，请重新学习！"));
+    EXPECT_TRUE(RestoreLearningRecord(session, log->records[3]));
+    EXPECT_EQ(State(), "3 240.5 4 7 2");
+    EXPECT_EQ(Text("select group_concat(gs,';') from trate"), "0,1;2,3;4,23");
+}
 
-    ASSERT_TRUE(ExecuteOrTell(session, "insert into trate(gs,rate) values('3',60)"));
-    ASSERT_TRUE(ExecuteOrTell(session, "insert into trate(gs,rate) values('4',33.33)"));
-    ASSERT_TRUE(RecordLearning(session));
-    Recordset rows = Query("select top 1 * from xxjl order by id desc");
-    EXPECT_EQ(rows.Text("r1gs") + ";" + rows.Text("r2gs") + ";" + rows.Text("r3gs"), "2;3;1");
-    EXPECT_EQ(rows.Number("r3mz"), 50);
-    EXPECT_EQ(rows.Text("rdate").size(), 19U);
-    EXPECT_EQ(Query("select count(*) from xxjl").Int(0), 51);
+TEST_F(Learning, KeepsTheWholePartOfTheSetting) {
+    for (const auto& [text, stored] : {std::pair{"7.5", "7"}, {"1,0", "10"}, {" 5 ", "5"}}) {
+        EXPECT_TRUE(SaveBankerSettings(session, text, 2));
+        EXPECT_EQ(Text("select xxqs from vqs where itype=0"), stored);
+    }
+    EXPECT_THAT(LearningModeText(ReadBankerSettings(session)), testing::HasSubstr("期数是5期"));
+    database.Run("drop table vqs");
+    database.host().boxes.clear();
+    EXPECT_THAT(LearningModeText(ReadBankerSettings(session)), testing::HasSubstr("期数是期"));
+    EXPECT_EQ(database.host().boxes.size(), 1U);
 }
 
 }  // namespace

@@ -149,7 +149,7 @@ TEST_F(BankerRoad, ChecksTheSettings) {
 TEST_F(BankerRoad, RestoresARecord) {
     SetSettings("20", 3);
     driver.Menu("m_xuexi");
-    const Json learned = driver.Sql("select top 3 gs,rate from trate order by rate desc");
+    const Json learned = driver.Sql("select gs,rate from trate order by rate desc limit 3");
     SetSettings("50", 3);
     driver.Menu("m_xuexi");
 

@@ -3,30 +3,37 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <functional>
 #include <tuple>
 #include <utility>
 
-#include "formulas/BMHZ.h"
+#include "base/numbers.h"
+#include "draws/Draw.h"
 #include "kill/KillRecords.h"
 #include "kill/KillSettings.h"
 #include "support/TestDatabase.h"
+#include "ui/Run.h"
 
 namespace ssq {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class KillLearningTest : public testing::Test {
   protected:
-    KillLearnOutcome Learn(const std::string& end = "2020050") {
-        released = 0;
-        told.clear();
-        const KillLearnView view{[this](const std::string& text) { told.push_back(text); },
-                                 [](const std::string&) {}, [this] { ++released; }};
-        return KillLearn(session, end, view).outcome;
+    struct Watcher : RunWatcher {
+        void ShowProgress(const std::string& text) override { last = text; }
+        bool IsWanted() const override { return true; }
+        std::string last;
+    };
+
+    // What became of the search, and of its best set.
+    std::pair<KillLearnOutcome, KillStoreOutcome> Learn() {
+        ssq::Run run(database.host(), &watcher);
+        const KillLearnResult result = KillLearn(session, "2020050", run);
+        run.ShowLast();
+        if (result.outcome != KillLearnOutcome::kSearched) return {result.outcome, {}};
+        return {result.outcome, StoreKillSet(session, "2020050", result)};
     }
     void Set(const std::string& xxqs, int dmgs, int rc, const std::string& rate) {
         database.Run("delete from vqs where itype=1");
@@ -37,101 +44,99 @@ class KillLearningTest : public testing::Test {
 
     TestDatabase database = TestDatabase::Delivered();
     Session& session = database.session();
-    int released = 0;
-    std::vector<std::string> told;
+    Watcher watcher;
 };
 
-TEST_F(KillLearningTest, StoresAndLogsTheBestFormula) {
-    Set("10", 0, 1, "10");
-    ASSERT_EQ(Learn(), KillLearnOutcome::kLearned);
-    EXPECT_EQ(released, 1);
-    EXPECT_THAT(told, ElementsAre("准备数据中，首次运行较慢", "准备数据完成,开始学习！", "99.23"));
+constexpr std::pair kLearned{KillLearnOutcome::kSearched, KillStoreOutcome::kStored};
+constexpr std::pair kNothingFound{KillLearnOutcome::kSearched, KillStoreOutcome::kNothingFound};
 
-    // Once more in the store: the draws without a second hit, formula by formula.
-    std::string best;
-    std::int64_t most = 0;
-    for (int i = 0; i < kFormulaCount; ++i) {
-        const std::int64_t passes =
-            database
-                .Run("select count(*) from (select " + FormulaKey(FormulaAt(i)) +
-                     " as hits from bmhz where kjqh between 2020041 and 2020050) where hits<2")
-                .Int(0);
-        if (passes > std::exchange(most, std::max(most, passes))) best = std::to_string(i);
-    }
-    const std::string rate = std::to_string(most * 10);
+TEST_F(KillLearningTest, StoresAndLogsTheBestFormula) {
+    Set("10", 1, 1, "10");
+    ASSERT_EQ(Learn(), kLearned);
+    EXPECT_EQ(watcher.last, "99.99");  // the share before the last of the pairs
+
+    // Once more from the draws, without the table of hit counts.
+    std::vector<RedSet> before;
+    const auto draws = ReadDrawsUpTo(session, "2020050", 20);
+    for (const Draw& draw : draws.value()) before.push_back(draw.set);
+    const auto [finished, formulas, found] =
+        FindBestKillSet(HitsOf(before, 10), {2, 1, 10}, [](std::int64_t) { return true; });
+    const std::string best = NumberListText(formulas);
+    const std::string rate = NumberText(found);
     EXPECT_EQ(Text("select dsgs || ' ' || dsrate from tDs where dstype=1"), best + " " + rate);
     EXPECT_EQ(Text("select endDate || ' ' || tQs || tDsGs || tRcGs || ' ' || tRate || ' ' || "
                    "tGsStr || ' ' || tType from tSrecord where txxDate is not null"),
-              "2020050 1001 " + rate + " " + best + " 1");
+              "2020050 1011 " + rate + " " + best + " 1");
 }
 
 TEST_F(KillLearningTest, TellsWhyItEnded) {
     Set("10", 0, 0, "40");
-    ASSERT_EQ(Learn(), KillLearnOutcome::kLearned);
+    ASSERT_EQ(Learn(), kLearned);
     const std::string stored = Text("select dsgs from tds");
     const std::string rows = Text("select count(*) from bmhz where kjqh<=2020050");
 
     struct Case {
         std::function<void()> prepare;
-        KillLearnOutcome outcome;
+        std::pair<KillLearnOutcome, KillStoreOutcome> end;
         const char* message;
-        int released;
     };
-    using enum KillLearnOutcome;
+    constexpr std::pair kRefused{KillLearnOutcome::kRefused, KillStoreOutcome{}};
+    constexpr std::pair kTooLittle{KillLearnOutcome::kTooLittle, KillStoreOutcome{}};
     constexpr const char* kNothing = "该学习条件无数据,请降低概率后重新学习！";
     const Case cases[] = {
-        {[&] { database.Run("delete from vqs where itype=1"); }, kFailed, "读取参数出错！", 1},
-        {[&] { Set("10", 4, 0, "40"); }, kFailed, "参数错误！", 1},
-        {[&] { Set(rows + "+1", 0, 0, "40"); }, kFailed, "数据不足！", 0},
-        {[&] { Set(rows, 3, 4, "99.99"); }, kNothingFound, kNothing, 1},
-        {[&] { Set("100", 0, 0, "100"); }, kNothingFound, kNothing, 1},
-        {[&] { Set("0", 1, 0, "10"); }, kNothingFound, kNothing, 1},
+        {[&] { database.Run("delete from vqs where itype=1"); }, kRefused, "读取参数出错！"},
+        {[&] { Set("10", 2147483647, 0, "40"); }, kRefused, "参数错误！"},
+        {[&] { Set(rows + "+1", 0, 0, "40"); }, kTooLittle, "数据不足！"},
+        {[&] { Set(rows, 3, 4, "99.99"); }, kNothingFound, kNothing},
+        {[&] { Set("-1", 1, 0, "10"); }, kNothingFound, kNothing},
     };
     for (const Case& c : cases) {
         c.prepare();
         database.host().boxes.clear();
-        EXPECT_EQ(Learn(), c.outcome) << c.message;
+        EXPECT_EQ(Learn(), c.end) << c.message;
         EXPECT_THAT(database.host().Texts(), ElementsAre(c.message));
-        EXPECT_EQ(released, c.released) << c.message;
         EXPECT_EQ(Text("select dsgs from tds"), stored) << c.message;
     }
+
+    // What could not be stored is not logged.
+    Set("10", 0, 0, "10");
+    database.Run("create trigger t before insert on tDs begin select raise(abort,'full'); end");
+    EXPECT_EQ(Learn().second, KillStoreOutcome::kFailed);
+    EXPECT_EQ(Text("select dsgs from tds"), stored);
+    EXPECT_EQ(Text("select count(*) from tSrecord"), "1");
 
     database.host().boxes.clear();
     database.Run("drop table bmhz");
     database.Run("delete from cphm where kjqh<2020040");
-    EXPECT_EQ(Learn(), kFailed);
+    EXPECT_EQ(Learn(), kRefused);
     EXPECT_THAT(database.host().Texts(), ElementsAre("数据不足！", "汇总数据出错！"));
-    EXPECT_EQ(released, 1);
-}
-
-TEST_F(KillLearningTest, LogsNothingThatItCouldNotStore) {
-    Set("10", 0, 0, "10");
-    database.Run("drop table tDs");
-    EXPECT_EQ(Learn(), KillLearnOutcome::kFailed);
-    EXPECT_EQ(database.host().Texts().size(), 1U);
-    EXPECT_EQ(Text("select count(*) from tSrecord"), "0");
 }
 
 TEST_F(KillLearningTest, ChecksTheSettings) {
     database.Run("delete from vqs where itype=1");
     const auto save = [&](const char* xxqs, const char* rate) {
-        return SaveKillSettings(session, xxqs, rate, 2, 3);
+        return SaveKillSettings(session, {xxqs, rate, 2, false, 3});
     };
     EXPECT_FALSE(ReadKillSettings(session));
-    EXPECT_FALSE(save("x", "50"));
-    EXPECT_FALSE(save("5", "5%"));
-    EXPECT_FALSE(save("5", "9.9"));
-    EXPECT_FALSE(save("5", "101"));
-    EXPECT_THAT(database.host().Texts(),
-                ElementsAre("学习期数只能为数字！", "杀对概率只能为数字！",
-                            "杀对概率不能大于100%或小于10%！", "杀对概率不能大于100%或小于10%！"));
+    const std::tuple<const char*, const char*, const char*> refused[] = {
+        {"x", "50", "学习期数只能为数字！"},
+        {"5", "5%", "杀对概率只能为数字！"},
+        {"5", "9.9", "杀对概率不能大于100%或小于10%！"},
+        {"5", "101", "杀对概率不能大于100%或小于10%！"},
+        {"-5", "50", "学习期数填写错误！"},
+    };
+    for (const auto& [xxqs, rate, message] : refused) {
+        EXPECT_FALSE(save(xxqs, rate));
+        EXPECT_EQ(database.host().Texts().back(), message);
+    }
     EXPECT_FALSE(ReadKillSettings(session));
 
-    database.host().boxes.clear();
     EXPECT_TRUE(save(" 7.9 ", "10"));
     EXPECT_TRUE(save("7", "100.5"));
-    EXPECT_THAT(database.host().Texts(), IsEmpty());
-    EXPECT_EQ(Text("select count(*) from vqs where itype=1 and xxqs=7 and setRate=100"), "1");
+    // The tolerance chosen counts only while it is ticked.
+    EXPECT_EQ(Text("select xxqs || ' ' || setRate || ' ' || rc from vqs where itype=1"), "7 100 0");
+    EXPECT_TRUE(SaveKillSettings(session, {"7", "50", 2, true, 3}));
+    EXPECT_EQ(Text("select rc from vqs where itype=1"), "3");
 }
 
 TEST(KillProposals, FollowTheSizeAndTheStoredValues) {

@@ -34,7 +34,9 @@ class KillRecommendTest : public testing::Test {
     }
     void Add(int issue, std::string_view reds) { database.AddDraw(issue, "2020-02-06", reds, 7); }
     bool Recommend(const std::string& start, const std::string& end) {
-        return KillRecommend(session, {start, end}, result);
+        auto report = KillRecommend(session, {start, end});
+        if (report) result = std::move(*report);
+        return report.has_value();
     }
     std::string Row(int row) const {
         std::string text;
@@ -46,7 +48,7 @@ class KillRecommendTest : public testing::Test {
 
     TestDatabase database;
     Session& session = database.session();
-    KillRecommendation result;
+    GridReport result;
 };
 
 TEST_F(KillRecommendTest, ShowsEachDrawTheForecastAndTheRates) {
@@ -95,8 +97,9 @@ TEST_F(KillRecommendTest, FollowsTheSizeOfTheStoredSetAndTheTolerance) {
 }
 
 TEST_F(KillRecommendTest, JudgesADrawWithoutTenEarlierOnesInTheFirstKillColumns) {
+    ASSERT_TRUE(Recommend("", "2020011"));  // from the first draw on
+    EXPECT_THAT(database.host().Texts(), std::vector<std::string>(10, "数据不足！"));
     ASSERT_TRUE(Recommend("2020009", "2020011"));
-    EXPECT_THAT(database.host().Texts(), ElementsAre("数据不足！", "数据不足！"));
     EXPECT_EQ(Row(1), "0,√,,,,,,,,,,,,");
     EXPECT_EQ(Row(3), "06,07,08,09,10,11,05,06,07,08,09,10,1,×");
     EXPECT_EQ(result.grid.cell(5, 15), "66.67");
@@ -110,13 +113,26 @@ TEST_F(KillRecommendTest, TellsWhatIsMissing) {
         return database.host().Texts();
     };
     EXPECT_THAT(refusal("2020012", "2020011"), ElementsAre("无数据！"));
-    EXPECT_THAT(refusal("", "2020011"), ElementsAre("期号填写错误！"));
+    EXPECT_THAT(refusal("x", "2020011"), ElementsAre("期号填写错误！"));
+    EXPECT_THAT(refusal("2020011", "2020099"), ElementsAre("期号填写错误！"));  // never drawn
     database.Run("delete from vqs where itype=1");
     EXPECT_THAT(refusal("2020011", "2020012"), ElementsAre("读取参数出错！"));
     Learned("0,130");
     EXPECT_THAT(refusal("2020011", "2020012"), ElementsAre("条件错误！"));
     database.Run("delete from tds");
     EXPECT_THAT(refusal("2020011", "2020012"), ElementsAre("数据不足！"));
+}
+
+TEST(KillConditions, TakeSixColumnsAFormulaAndPairsAcrossFour) {
+    ResultGrid grid(2, 28, 1, 1);
+    for (int col = 0; col < 28; ++col) grid.SetCell(1, col, "c" + std::to_string(col));
+    EXPECT_EQ(
+        KillConditions(grid),
+        "c2,c3,c4,c5,c6,c7/0~1\r\nc8,c9,c10,c11,c12,c13/0~1\r\nc14,c15,c16,c17,c18,c19/0~1\r\n"
+        "c20,c21,c22,c23,c24,c25/0~1\r\nc2,c8/0~1\r\nc7,c13/0~1\r\nc8,c14/0~1\r\n"
+        "c13,c19/0~1\r\nc14,c20/0~1\r\nc19,c25/0~1\r\nc2,c25/0~1\r\n");
+    EXPECT_EQ(KillConditions(ResultGrid(2, 22, 1, 1)), ",,,,,/0~1\r\n,,,,,/0~1\r\n,,,,,/0~1\r\n");
+    EXPECT_EQ(KillConditions({}), "");
 }
 
 }  // namespace

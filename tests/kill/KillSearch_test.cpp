@@ -3,12 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <map>
 #include <string>
 #include <utility>
 
-#include "base/numbers.h"
 #include "formulas/BMHZ.h"
 
 namespace ssq {
@@ -60,61 +58,6 @@ TEST(KillSearch, FindsTheSetsWorkedOutByHand) {
         EXPECT_THAT(best.formulas, ElementsAreArray(c.formulas)) << c.what;
         EXPECT_EQ(best.rate, c.rate) << c.what;
     }
-}
-
-bool Passes(const HitMatrix& matrix, int draw, const std::vector<int>& set, int rc) {
-    int notZero = 0;
-    for (const int formula : set) {
-        if (matrix.hits(draw, formula) > 1) return false;
-        notZero += matrix.hits(draw, formula);
-    }
-    return notZero <= rc;
-}
-
-// Every set of the candidates in lexicographic order, scored cell by cell.
-KillSearchResult PlainSearch(const HitMatrix& matrix, const KillGoal& goal,
-                             const std::vector<int>& candidates) {
-    KillSearchResult best;
-    std::string chosen(candidates.size(), '0');
-    std::fill_n(chosen.begin(), goal.setSize, '1');
-    do {
-        std::vector<int> set;
-        for (std::size_t i = 0; i < chosen.size(); ++i) {
-            if (chosen[i] == '1') set.push_back(candidates[i]);
-        }
-        int passes = 0;
-        for (int draw = 0; draw < matrix.draws(); ++draw) {
-            passes += Passes(matrix, draw, set, goal.rc) ? 1 : 0;
-        }
-        const double rate = Percent(passes, matrix.draws());
-        if (rate >= goal.setRate && rate > best.rate) best = {true, set, rate};
-    } while (std::prev_permutation(chosen.begin(), chosen.end()));
-    return best;
-}
-
-TEST(KillSearch, AgreesWithPlainLoopsOnEverySizeToleranceAndLength) {
-    const std::vector<int> live = {0, 1, 12, 13, 40, 63, 64, 65, 90, 128, 129};
-    int taken = 0;
-    for (const int draws : {1, 5, 63, 64, 65, 130, 12000}) {
-        Rows rows;
-        for (const int formula : live) {
-            std::string& digits = rows[formula];
-            for (int draw = 0; draw < draws; ++draw) {
-                digits += "0100102101003"[(draw * (formula % 7 + 3) + draw / 5 + formula) % 13];
-            }
-        }
-        const HitMatrix matrix = MatrixOf(rows);
-        for (int i = 0; i < kLargestKillSet * (kLargestKillSet + 1) * 2; ++i) {
-            const KillGoal goal{i / 2 % kLargestKillSet + 1, i / 8, i % 2 * 40.0};
-            const KillSearchResult plain = PlainSearch(matrix, goal, live);
-            const KillSearchResult best = FindBestKillSet(matrix, goal, GoOn);
-            EXPECT_EQ(best.formulas, plain.formulas)
-                << draws << " draws, size " << goal.setSize << ", rc " << goal.rc;
-            EXPECT_EQ(best.rate, plain.rate);
-            taken += plain.formulas.empty() ? 0 : 1;
-        }
-    }
-    EXPECT_GT(taken, 100);
 }
 
 TEST(KillSearch, StepsThroughTheSetsAndEndsWhenTold) {

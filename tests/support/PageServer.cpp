@@ -1,12 +1,13 @@
 #include "support/PageServer.h"
 
 #include <httplib.h>
-#include <iconv.h>
 
 #include <map>
 #include <mutex>
 #include <stdexcept>
 #include <thread>
+
+#include "base/charset.h"
 
 namespace ssq {
 
@@ -88,17 +89,9 @@ std::vector<std::string> PageServer::requests() const {
 }
 
 std::string Gbk(const std::string& text) {
-    const iconv_t converter = iconv_open("GBK", "UTF-8");
-    std::string bytes(text.size() * 2, '\0');
-    char* in = const_cast<char*>(text.data());
-    char* out = bytes.data();
-    std::size_t left = text.size();
-    std::size_t room = bytes.size();
-    const bool failed = iconv(converter, &in, &left, &out, &room) == static_cast<std::size_t>(-1);
-    iconv_close(converter);
-    if (failed) throw std::runtime_error("not in GBK: " + text);
-    bytes.resize(bytes.size() - room);
-    return bytes;
+    auto bytes = EncodeGbk(text);
+    if (!bytes) throw std::runtime_error("not in GBK: " + text);
+    return *std::move(bytes);
 }
 
 }  // namespace ssq

@@ -106,9 +106,9 @@ QString SystemDesktop::AskSaveFile(const QString& pattern) {
                                         QFileDialog::DontConfirmOverwrite);
 }
 
-QString SystemDesktop::AskOpenFile(const QString& pattern) {
-    return QFileDialog::getOpenFileName(QApplication::activeWindow(), QStringLiteral("打开文件"),
-                                        QString(), pattern);
+QString SystemDesktop::AskOpenFile(const QString& title, const QString& folder,
+                                   const QString& pattern) {
+    return QFileDialog::getOpenFileName(QApplication::activeWindow(), title, folder, pattern);
 }
 
 void SystemDesktop::Open(const QString& urlOrFile) {
@@ -117,7 +117,8 @@ void SystemDesktop::Open(const QString& urlOrFile) {
 }
 
 void SystemDesktop::StartProgram(const QString& file, const QString& arguments) {
-    if (!QProcess::startDetached(file, QProcess::splitCommand(arguments))) TellCannotOpen(file);
+    // As one argument: words taken apart would lose the blanks between and behind them.
+    if (!QProcess::startDetached(file, {arguments})) TellCannotOpen(file);
 }
 
 void SystemDesktop::RaisePopup(QMenu& menu, const QPoint& place) {

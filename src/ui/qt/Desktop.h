@@ -24,10 +24,12 @@ class Desktop {
     // A modal box with OK and Cancel; true for OK.
     virtual bool Confirm(const QString& title, const QString& text) = 0;
 
-    // The chosen file, empty when the user cancels. `pattern` is such as "*.xls". Whether a file
-    // that exists may be replaced is asked by the caller, who may still add an ending.
+    // The chosen file, empty when the user cancels. `pattern` is such as "*.xls"; an empty folder
+    // is the one used last. Whether a file that exists may be replaced is asked by the caller, who
+    // may still add an ending.
     virtual QString AskSaveFile(const QString& pattern) = 0;
-    virtual QString AskOpenFile(const QString& pattern) = 0;
+    virtual QString AskOpenFile(const QString& title, const QString& folder,
+                                const QString& pattern) = 0;
 
     // Opens a link or a document with the system's own program.
     virtual void Open(const QString& urlOrFile) = 0;
@@ -45,7 +47,8 @@ class SystemDesktop final : public Desktop {
     void ShowBox(const QString& title, const QString& text, const QString& note) override;
     bool Confirm(const QString& title, const QString& text) override;
     QString AskSaveFile(const QString& pattern) override;
-    QString AskOpenFile(const QString& pattern) override;
+    QString AskOpenFile(const QString& title, const QString& folder,
+                        const QString& pattern) override;
     void Open(const QString& urlOrFile) override;
     void StartProgram(const QString& file, const QString& arguments) override;
     void RaisePopup(QMenu& menu, const QPoint& place) override;

@@ -26,10 +26,6 @@ void CopySelectionAsCondition(const GridView& view) {
     PutOnClipboard(SelectionConditions(view.grid()));
 }
 
-void CopyKillConditions(const GridView& view, int groups) {
-    PutOnClipboard(KillConditions(view.grid(), groups));
-}
-
 void SaveGridAsExcel(const PanelContext& context, const GridView& view) {
     Desktop& desktop = context.desktop;
     const QString name = desktop.AskSaveFile(QStringLiteral("*.xls"));

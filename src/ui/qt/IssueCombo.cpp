@@ -3,7 +3,9 @@
 #include <QCompleter>
 #include <QListView>
 #include <QStringListModel>
+#include <algorithm>
 
+#include "draws/BankerSettings.h"
 #include "draws/Public_var.h"
 
 namespace ssq {
@@ -72,8 +74,10 @@ void FillIssueCombos(const PanelContext& context, IssueCombo& start, IssueCombo&
     start.Fill(issues);
     end.Fill(issues);
     end.TakeEntry(0);
-    start.TakeEntry(startEntry == kStartAtLearning ? GetLearnPeriods(context.session) - 1
-                                                   : startEntry);
+    const int periods = startEntry == kStartAtLearning
+                            ? GetLearnPeriods(context.session).value_or(0)
+                            : startEntry + 1;
+    start.TakeEntry(std::max(periods, 0) - 1);
 }
 
 void FillIssueCombo(const PanelContext& context, IssueCombo& combo) {

@@ -20,7 +20,7 @@ class StripWatcher final : public RunWatcher {
     void ShowProgress(const std::string& text) override {
         if (!strip_) return;
         if (strip_->isHidden()) strip_->Begin();
-        strip_->Set(text);
+        strip_->Tell(text);
     }
     bool IsWanted() const override { return number_ == newest_; }
 

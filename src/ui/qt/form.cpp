@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QRadioButton>
 
 #include "ui/qt/Desktop.h"
 #include "ui/qt/ElidedGroup.h"
@@ -41,6 +42,13 @@ QVBoxLayout* SetUpPanel(QWidget& panel, const char* name, const QString& title, 
     Named(&panel, name)->setWindowTitle(title);
     panel.resize(width, height);
     return new QVBoxLayout(&panel);
+}
+
+void BringUp(QWidget& window) {
+    if (window.isMinimized()) window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
 }
 
 QGroupBox* AddGroup(QBoxLayout* layout, const char* name, const QString& caption) {
@@ -78,6 +86,10 @@ QLineEdit* AddTextBox(QBoxLayout* row, const char* name, const QString& label) {
     auto* box = AddLabelled(row, new QLineEdit, name, label);
     box->setMaximumWidth(kTextBoxWidth);
     return box;
+}
+
+QRadioButton* AddOption(QBoxLayout* row, const char* name, const QString& caption) {
+    return AddLabelled(row, new QRadioButton(caption), name, {});
 }
 
 QCheckBox* AddCheckBox(QBoxLayout* row, const char* name, const QString& caption) {

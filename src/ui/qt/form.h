@@ -18,6 +18,7 @@ class QLabel;
 class QLineEdit;
 class QMenu;
 class QPushButton;
+class QRadioButton;
 class QVBoxLayout;
 class QWidget;
 
@@ -29,6 +30,9 @@ class IssueCombo;
 // A panel's name, title and first size; returns the column its parts go into.
 QVBoxLayout* SetUpPanel(QWidget& panel, const char* name, const QString& title, int width,
                         int height);
+
+// Shows the window in front of the others, also out of the task bar.
+void BringUp(QWidget& window);
 
 // A titled group at the end of `layout`, filled from top to bottom.
 QGroupBox* AddGroup(QBoxLayout* layout, const char* name, const QString& caption);
@@ -43,6 +47,7 @@ IssueCombo* AddIssueCombo(QBoxLayout* row, const char* name, const QString& labe
 QComboBox* AddCombo(QBoxLayout* row, const char* name, const QString& label,
                     std::initializer_list<const char*> entries = {});
 QLineEdit* AddTextBox(QBoxLayout* row, const char* name, const QString& label);
+QRadioButton* AddOption(QBoxLayout* row, const char* name, const QString& caption);
 QCheckBox* AddCheckBox(QBoxLayout* row, const char* name, const QString& caption);
 QLabel* AddLabel(QBoxLayout* row, const char* name, const QString& text);
 QPushButton* AddButton(QBoxLayout* row, const char* name, const QString& caption,

@@ -1,0 +1,50 @@
+// What the program does towards other programs.
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTest>
+#include <future>
+
+#include "app/OneProgram.h"
+#include "support/TempFolder.h"
+#include "ui/qt/Desktop.h"
+#include "ui/qt/PanelContext.h"
+
+namespace ssq {
+namespace {
+
+TEST(OneProgram, ASecondOneCallsTheFirstForward) {
+    const TempFolder folder;
+    std::filesystem::create_directory(folder.path() / "data");
+    std::future<bool> answered;
+    int calls = 0;
+    {
+        OneProgram first(folder.path());
+        ASSERT_TRUE(first.isFirst());
+        // One that does not listen yet, or waits for a page.
+        const OneProgram second(folder.path());
+        EXPECT_FALSE(second.isFirst());
+        EXPECT_FALSE(second.CallFirst());
+        first.Answer([&calls] { ++calls; });
+        answered = std::async(std::launch::async, [&second] { return second.CallFirst(); });
+        EXPECT_TRUE(QTest::qWaitFor([&calls] { return calls == 1; }));
+        EXPECT_TRUE(answered.get());
+    }
+    EXPECT_TRUE(OneProgram(folder.path()).isFirst());
+}
+
+TEST(SystemDesktop, HandsArgumentsOverWithTheirBlanks) {
+    const TempFolder folder;
+    const QString script = Qs((folder.path() / "Update.exe").string());
+    folder.Write("Update.exe",
+                 "#!/bin/sh\nprintf '[%s]' \"$@\" > \"$0.part\"\nmv \"$0.part\" \"$0.told\"\n");
+    QFile::setPermissions(script, QFile::ReadOwner | QFile::ExeOwner);
+    SystemDesktop().StartProgram(script, QStringLiteral("/SilentCheck  /NoIcon "));
+    QFile told(script + QStringLiteral(".told"));
+    ASSERT_TRUE(QTest::qWaitFor([&told] { return told.exists(); }));
+    ASSERT_TRUE(told.open(QFile::ReadOnly));
+    EXPECT_EQ(told.readAll().toStdString(), "[/SilentCheck  /NoIcon ]");
+}
+
+}  // namespace
+}  // namespace ssq
