@@ -34,8 +34,8 @@ const std::map<std::string, Folders> kAllowed = {
     {"acquire", kAnalysis},
     {"banker", kAnalysis},
     // Attributes of bets that the charts show under the same names are counted by their
-    // calculators.
-    {"bets", kAnalysis + Folders{"charts"}},
+    // calculators; plans take in what the wraps and the heat name for the next draw.
+    {"bets", kAnalysis + Folders{"charts", "stats", "wrap"}},
     {"charts", kAnalysis},
     {"history", kAnalysis},
     {"kill", kAnalysis},

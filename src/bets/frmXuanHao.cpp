@@ -1,14 +1,17 @@
 #include "bets/frmXuanHao.h"
 
 #include <QBoxLayout>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -21,9 +24,11 @@
 #include "bets/BetCheck.h"
 #include "bets/BetFilter.h"
 #include "bets/BetTables.h"
+#include "bets/PlanBoard.h"
 #include "draws/Public_var.h"
 #include "ui/Host.h"
 #include "ui/TextFile.h"
+#include "ui/qt/BallBoard.h"
 #include "ui/qt/Desktop.h"
 #include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
@@ -37,7 +42,7 @@ namespace ssq {
 namespace {
 
 constexpr int kPauseMs = 120;             // from the last key to the computation
-constexpr int kPlanWidth = 500;           // pixels
+constexpr int kPlanWidth = 510;           // pixels
 constexpr int kErrorsHeight = 58;         // pixels, three lines
 constexpr int kHistoryHeight = 190;       // pixels
 constexpr qint64 kLargestPlan = 1 << 20;  // bytes; a longer file is no plan
@@ -46,6 +51,40 @@ constexpr const char* kAscending = "升序";
 
 void SetStretch(QBoxLayout* layout, QWidget* widget, int stretch) {
     layout->setStretchFactor(widget, stretch);
+}
+
+BallBoard::Look::Kind KindOf(BallState state) {
+    switch (state) {
+        case BallState::kBanker:
+            return BallBoard::Look::kBanker;
+        case BallState::kPool:
+            return BallBoard::Look::kPool;
+        case BallState::kKilled:
+            return BallBoard::Look::kKilled;
+        default:
+            return BallBoard::Look::kPlain;
+    }
+}
+
+// How a ball looks with the results that name it: how many are for it, how many against.
+BallBoard::Look LookOf(const std::vector<TakenResult>& results, bool isBlue, int number,
+                       BallBoard::Look::Kind kind) {
+    QStringList names[2];
+    for (const TakenResult& result : results) {
+        if (result.isBlue == isBlue && result.numbers.Has(number)) {
+            names[result.isAgainst ? 1 : 0].append(Qs(result.name));
+        }
+    }
+    BallBoard::Look look{kind, {}, {}};
+    const auto add = [&look](const QStringList& who, const char* sign, const char* told) {
+        if (who.isEmpty()) return;
+        look.note += QString::fromUtf8(sign) + QString::number(who.size());
+        if (!look.tip.isEmpty()) look.tip += u'\n';
+        look.tip += QString::fromUtf8(told) + who.join(QStringLiteral("、"));
+    };
+    add(names[0], "+", "看好：");
+    add(names[1], "-", "看淡：");
+    return look;
 }
 
 void ShowLastRows(GridView& view) {
@@ -78,6 +117,9 @@ void frmXuanHao::BuildTop(QVBoxLayout* column) {
     auto* row = AddRow(column);
     cboShangQi_ = AddIssueCombo(row, "cboShangQi", QStringLiteral("上期:"));
     SetMainButton(AddButton(row, "Command1", QStringLiteral("计算"), [this] { Compute(); }));
+    AddButton(row, "Command7", QStringLiteral("取入结果"), [this] {
+        TakeIn();
+    })->setToolTip(QStringLiteral("取入胆码公式、杀码公式、围红、围蓝、冷热号和剪贴板里的条件"));
     AddButton(row, "Command3", QStringLiteral("打开方案"), [this] { OpenPlan(); });
     AddButton(row, "Command2", QStringLiteral("保存方案"), [this] { SavePlan(); });
     row->addWidget(new QLabel(QStringLiteral("剩余组合:")));
@@ -119,6 +161,10 @@ void frmXuanHao::BuildPlan(QHBoxLayout* middle) {
     errors->setFrameShape(QFrame::NoFrame);
     errors->setFixedHeight(kErrorsHeight);
     column->addWidget(errors);
+    board_ = new BallBoard;
+    board_->onRed = [this](int red) { TakePlan(PressRed(txtFangAn_->Text(), red)); };
+    board_->onBlue = [this](int blue) { TakePlan(PressBlue(txtFangAn_->Text(), blue)); };
+    column->addWidget(board_);
 
     QGroupBox* conditions = AddGroup(middle, "Frame2", QStringLiteral("各条件单独符合的组合"));
     vs2_ = AddGrid(conditions, "vs2");
@@ -178,6 +224,7 @@ void frmXuanHao::ReadHistory() {
 void frmXuanHao::TakeNewDraws() {
     RefillIssueCombos(context(), {cboShangQi_});
     ReadHistory();
+    resultsAfter_.reset();
     Compute();
 }
 
@@ -198,17 +245,47 @@ void frmXuanHao::Compute() {
     Perform({}, [this](Run& run) { return Count(run) && CheckPast(run); });
 }
 
+std::span<const Draw> frmXuanHao::DrawsToPrevious() const {
+    const auto end = std::ranges::upper_bound(draws_, cboShangQi_->issue(), {}, &Draw::issue);
+    return {draws_.begin(), end};
+}
+
 std::optional<RedSet> frmXuanHao::Previous() const {
     const std::string issue = cboShangQi_->issue();
     if (issue.empty()) return RedSet();
-    const auto draw = std::ranges::lower_bound(draws_, issue, {}, &Draw::issue);
-    if (draw == draws_.end() || draw->issue != issue) return std::nullopt;
-    return draw->set;
+    const std::span<const Draw> draws = DrawsToPrevious();
+    if (draws.empty() || draws.back().issue != issue) return std::nullopt;
+    return draws.back().set;
+}
+
+void frmXuanHao::ReadResults() {
+    resultsAfter_ = cboShangQi_->issue();
+    results_.clear();
+    if (!Previous() || resultsAfter_->empty()) return;
+    results_ = TakeResults(NumberSources(session()), DrawsToPrevious());
+}
+
+void frmXuanHao::TakeIn() {
+    ReadResults();
+    std::vector<std::string> lines;
+    for (const TakenResult& result : results_) lines.push_back(result.line);
+    const QString clipboard = QGuiApplication::clipboard()->text();
+    if (clipboard.size() <= kLargestPlan) {
+        const auto conditions =
+            TakeConditions(clipboard.toStdString(), DrawsToPrevious(), columns_);
+        lines.insert(lines.end(), conditions.begin(), conditions.end());
+    }
+    if (lines.empty()) {
+        session().host.ShowMessage("没有可以取入的结果！");
+        return;
+    }
+    TakePlan(WithTaken(txtFangAn_->Text(), lines));
 }
 
 bool frmXuanHao::Count(Run& run) {
     BetPlanReading reading = ReadBetPlan(txtFangAn_->Text());
     const std::optional<RedSet> previous = Previous();
+    if (resultsAfter_ != cboShangQi_->issue()) ReadResults();
     std::vector<std::string> told;
     std::map<int, QString> marks;
     if (!previous) told.push_back("上期：没有" + cboShangQi_->issue() + "期的开奖号码！");
@@ -218,6 +295,7 @@ bool frmXuanHao::Count(Run& run) {
     }
     txtFangAn_->MarkLines(std::move(marks));
     ShowErrors(told);
+    ShowBoard(reading.plan);
     if (!told.empty()) {
         ShowNothing();
         return false;
@@ -258,6 +336,22 @@ void frmXuanHao::ShowNothing() {
     vs3_->SetGrid(HistoryTable({}, {}, {}, 0));
     betsGroup_->setTitle(QStringLiteral("注单"));
     ShowList();
+}
+
+void frmXuanHao::ShowBoard(const BetPlan& plan) {
+    for (int red = 1; red <= kReds; ++red) {
+        board_->SetRed(red, LookOf(results_, false, red, KindOf(RedState(plan, red))));
+    }
+    for (int blue = 1; blue <= kBlues; ++blue) {
+        const bool chosen = std::ranges::binary_search(plan.blues, blue);
+        board_->SetBlue(blue, LookOf(results_, true, blue,
+                                     chosen ? BallBoard::Look::kBlue : BallBoard::Look::kPlain));
+    }
+}
+
+void frmXuanHao::TakePlan(const std::string& text) {
+    txtFangAn_->ChangeTo(text);
+    Compute();
 }
 
 bool frmXuanHao::CheckPast(Run& run) {
@@ -366,9 +460,8 @@ void frmXuanHao::OpenPlan() {
         session().host.ShowMessage("这不是方案文件，方案是UTF-8编码的文本！");
         return;
     }
-    txtFangAn_->ChangeTo(text.toStdString());
+    TakePlan(text.toStdString());
     txtFangAn_->document()->setModified(false);
-    Compute();
 }
 
 void frmXuanHao::CopyBets() {

@@ -12,6 +12,7 @@
 #include "bets/BetAttributes.h"
 #include "bets/BetList.h"
 #include "bets/BetPlan.h"
+#include "bets/ResultIntake.h"
 #include "draws/Draw.h"
 #include "ui/qt/Panel.h"
 
@@ -25,6 +26,7 @@ class QVBoxLayout;
 
 namespace ssq {
 
+class BallBoard;
 class GridView;
 class IssueCombo;
 class NumberedEdit;
@@ -51,7 +53,14 @@ class frmXuanHao final : public Panel {
     bool Count(Run& run);
     void ShowErrors(const std::vector<std::string>& told);
     void ShowNothing();
+    void ShowBoard(const BetPlan& plan);
+    // A press on a ball: the plan is another and computed at once.
+    void TakePlan(const std::string& text);
     bool CheckPast(Run& run);
+    // The results at hand for the draw behind that one.
+    void ReadResults();
+    void TakeIn();
+    std::span<const Draw> DrawsToPrevious() const;
     // The draw to look back to, empty without one; nothing for an issue that is not on file.
     std::optional<RedSet> Previous() const;
 
@@ -69,6 +78,7 @@ class frmXuanHao final : public Panel {
     void WriteFile(const std::string& file, const std::string& text);
 
     NumberedEdit* txtFangAn_ = nullptr;
+    BallBoard* board_ = nullptr;
     IssueCombo* cboShangQi_ = nullptr;
     QLabel* LBLcuo_ = nullptr;
     QLabel* LBLSY_ = nullptr;
@@ -87,6 +97,9 @@ class frmXuanHao final : public Panel {
     std::vector<Draw> draws_;  // all on file, oldest first
     BetColumns columns_;
     std::mt19937_64 random_{std::random_device{}()};
+
+    std::vector<TakenResult> results_;
+    std::optional<std::string> resultsAfter_;  // the issue they stand on
 
     // The last plan computed; without one nothing is listed.
     std::optional<BetPlan> plan_;
