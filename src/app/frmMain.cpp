@@ -217,7 +217,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
     context_.session.host.Stop();
     context_.session.connection.Close();
     event->accept();
-    QApplication::quit();
+    QApplication::exit(0);  // quit() would ask the other windows, too
 }
 
 }  // namespace ssq

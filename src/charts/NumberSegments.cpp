@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "charts/ChartGround.h"
 #include "charts/rowLngZST.h"
 #include "draws/AppendMissing.h"
 #include "draws/Draw.h"
@@ -165,7 +166,7 @@ std::optional<GridReport> BuildSegmentChart(Session& session, const PeriodRange&
     }
     for (int row = 1; !rows.eof(); rows.MoveNext()) FillDraw(grid, row++, rows, hits);
     grid.SetCell(draws + 1, 1, "共" + std::to_string(draws) + "期");
-    hits.WriteRates(grid, draws + 1, kSegment, kLastFlag, draws);
+    WriteChartRates(hits, grid, draws + 1, kSegment, kLastFlag, draws);
     return report;
 }
 

@@ -60,9 +60,7 @@ void frmShaHaoYLSX::Open() {
     }
     endIssue_ = endIssue;
     operations_->setTitle(Qs("截至期号：" + endIssue_));
-    show();
-    raise();
-    activateWindow();
+    BringUp(*this);
 }
 
 void frmShaHaoYLSX::Filter(const FormulaFilter& filter, FormulaThreshold threshold) {
