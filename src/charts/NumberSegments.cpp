@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <vector>
 
+#include "base/numbers.h"
 #include "base/text.h"
 #include "charts/ChartGround.h"
 #include "charts/rowLngZST.h"
