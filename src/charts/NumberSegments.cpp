@@ -70,13 +70,17 @@ bool AddSegmentRow(Session& session, const Draw& draw) {
     const Placed& last = history[0];
     const std::int64_t step = last.place == 0 ? 0 : std::abs(last.place - place);
     const Flags flags = FlagsOf(segment, history);
-    return ExecuteOrTell(
-        session,
-        "Insert into hm1107568(kjqh,kjhm,a" + std::to_string(segment) +
-            ",wz,qd,t1,t2,t3,b1,b2,b3,ch,sqc,sqcqd) "
-            "values(?,?,?,?,?,?,?,?,?,?,?,?,?,?)",
-        {draw.issue, reds, segment, place, segment, flags.skips[0], flags.skips[1], flags.skips[2],
-         flags.edges[0], flags.edges[1], flags.edges[2], flags.repeat, step, SegmentOf(step)});
+    Values values = {draw.issue, reds};
+    const std::initializer_list<std::int64_t> numbers = {
+        segment,        place,          segment,        flags.skips[0],
+        flags.skips[1], flags.skips[2], flags.edges[0], flags.edges[1],
+        flags.edges[2], flags.repeat,   step,           SegmentOf(step)};
+    values.insert(values.end(), numbers.begin(), numbers.end());
+    return ExecuteOrTell(session,
+                         "Insert into hm1107568(kjqh,kjhm,a" + std::to_string(segment) +
+                             ",wz,qd,t1,t2,t3,b1,b2,b3,ch,sqc,sqcqd) "
+                             "values(?,?,?,?,?,?,?,?,?,?,?,?,?,?)",
+                         values);
 }
 
 enum Col {
