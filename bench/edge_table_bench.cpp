@@ -1,5 +1,5 @@
 // The edge-code table of the whole history: ten rows asked for per draw and 130 shifted texts
-// against one reading and masks. Both write the same table.
+// against one reading, masks and a bound insert. Both write the same table.
 #include <string>
 #include <vector>
 

@@ -12,6 +12,7 @@
 #include "draws/Public_var.h"
 #include "formulas/BMHZ.h"
 #include "support/TestDatabase.h"
+#include "ui/Run.h"
 #include "workbench/FormulaStatistics.h"
 
 namespace {
@@ -105,10 +106,11 @@ Cells LiteralStatistics(Session& session, const std::string& condition, const st
 // Both ways for one condition; the rule takes its own draw after the end issue.
 void Compare(ssq::Session& session, const ssq::FormulaCondition& condition, const std::string& end,
              int runs) {
-    ssq::FormulaStatisticsResult result;
-    const auto ignore = [](const std::string&) {};
-    const double seconds = ssq::SecondsOf(
-        runs, [&] { ssq::FormulaStatistics(session, condition, end, ignore, result); });
+    std::optional<ssq::FormulaReport> report;
+    const double seconds = ssq::SecondsOf(runs, [&] {
+        ssq::Run run(session.host);
+        report = ssq::FormulaStatistics(session, condition, end, run);
+    });
     const std::string next =
         Query(session, "select top 1 kjhm from cphm where kjqh>" + end + " order by kjqh asc")
             .Text(0);
@@ -118,7 +120,7 @@ void Compare(ssq::Session& session, const ssq::FormulaCondition& condition, cons
         ssq::RenumberEdgeTable(session, end);
         expected = LiteralStatistics(session, text, end, next);
     });
-    ssq::RequireEqual(Listed(result.grid) == expected && expected.size() > 100,
+    ssq::RequireEqual(Listed(report->grid) == expected && expected.size() > 100,
                       "formula statistics, " + text + " up to " + end);
     ssq::PrintRatio("formula statistics, " + text + " up to " + end, baseline, seconds);
 }
@@ -128,7 +130,7 @@ void Compare(ssq::Session& session, const ssq::FormulaCondition& condition, cons
 int main() {
     ssq::TestDatabase database = ssq::TestDatabase::Delivered();
     ssq::Session& session = database.session();
-    ssq::RequireEqual(ssq::PrepareFormulaStatistics(session), "formula statistics, preparation");
+    ssq::RequireEqual(ssq::EnsureEdgeTable(session), "formula statistics, preparation");
     Compare(session, {"<=", 1}, session.LatestIssue, 3);
     Compare(session, {">", 3}, "2015100", 1);
     return 0;

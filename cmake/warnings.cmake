@@ -1,10 +1,18 @@
-add_compile_options(-Wall -Wextra -Wpedantic -Werror)
+option(SSQ_WARNINGS_AS_ERRORS "Let no warning pass" ON)
+add_compile_options(-Wall -Wextra -Wpedantic)
+if(SSQ_WARNINGS_AS_ERRORS)
+    add_compile_options(-Werror)
+endif()
 # g++ 12 warns of overlapping copies inside its own std::string (GCC bug 105651).
 add_compile_options($<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-restrict>)
 
 option(SSQ_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
-if(SSQ_SANITIZE)
-    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined
-                        -fno-omit-frame-pointer)
-    add_link_options(-fsanitize=address,undefined)
+option(SSQ_FUZZ "Build the fuzz targets of tests/fuzz (clang only), with both sanitizers" OFF)
+if(SSQ_SANITIZE OR SSQ_FUZZ)
+    set(SSQ_SANITIZERS -fsanitize=address,undefined,float-cast-overflow)
+    add_compile_options(${SSQ_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(${SSQ_SANITIZERS})
+endif()
+if(SSQ_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
 endif()

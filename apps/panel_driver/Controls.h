@@ -1,9 +1,7 @@
-// The ordinary controls of a panel, used as a user would. Each throws a Refusal where a user could
-// not do it.
+// The ordinary controls of a panel, used as a user would. Each throws where a user could not do it.
 #pragma once
 
-#include <QJsonObject>
-#include <QString>
+#include "Json.h"
 
 class QWidget;
 
@@ -28,6 +26,6 @@ void PressKey(QWidget& control, const QString& key);
 
 // What the control shows: `text`, `enabled`, `visible`, `items`, `index`, `checked`, `panels`, as
 // they apply.
-QJsonObject DescribeControl(const QWidget& control);
+Json DescribeControl(const QWidget& control);
 
 }  // namespace ssq

@@ -3,11 +3,11 @@
 #include <unistd.h>
 
 #include <QApplication>
-#include <QJsonDocument>
 #include <array>
 #include <cstdio>
+#include <exception>
+#include <utility>
 
-#include "Refusal.h"
 #include "ScriptDesktop.h"
 #include "app/Program.h"
 #include "ui/Host.h"
@@ -26,7 +26,7 @@ void Settle() {
 Driver::Driver(Program& program, ScriptDesktop& desktop)
     : program_(program),
       desktop_(desktop),
-      commands_(program, desktop, panels_),
+      stage_{program, desktop, panels_},
       input_(STDIN_FILENO, QSocketNotifier::Read) {
     input_.setEnabled(false);
     for (QTimer* timer : {&next_, &look_}) {
@@ -77,11 +77,11 @@ void Driver::RunNext() {
 void Driver::Run() {
     const QByteArray line = lines_.front();
     lines_.pop_front();
-    const auto reply = std::make_shared<QJsonObject>();
+    const auto reply = std::make_shared<Json>();
     due_ = reply;
     ++running_;
     Settle();
-    *reply = Carry(line);
+    *reply = CarryLine(line);
     Settle();
     --running_;
     if (!quitAsked_) return look_.start();
@@ -89,15 +89,45 @@ void Driver::Run() {
     Leave();
 }
 
-QJsonObject Driver::Carry(const QByteArray& line) {
+Json Driver::CarryLine(const QByteArray& line) {
+    const Json command = Json::parse(line.begin(), line.end(), nullptr, false);
+    if (!command.is_object()) return {{"error", "the line is no JSON object"}};
+    if (command.value("do", Json()) == "during") return TakeInterruption(command);
+    const Json interruption = std::exchange(interruption_, nullptr);
+    return interruption.is_null() ? Carry(command) : CarryInterrupted(command, interruption);
+}
+
+Json Driver::TakeInterruption(const Json& during) {
+    const Json after = during.value("after", Json(0));
+    if (!during.value("command", Json()).is_object() || !after.is_number_integer() || after < 0) {
+        return {{"error", "during takes a command, and a number of milliseconds as 'after'"}};
+    }
+    interruption_ = during;
+    return {};
+}
+
+Json Driver::CarryInterrupted(const Json& command, const Json& interruption) {
+    Json played = {{"error", "the command ended before"}};
+    QTimer timer;
+    timer.setSingleShot(true);
+    connect(&timer, &QTimer::timeout, this, [&] {
+        played = Carry(interruption["command"]);
+        if (quitAsked_) Leave();
+    });
+    timer.start(interruption.value("after", 0));
+    Json reply = Carry(command);
+    timer.stop();
+    played["ok"] = !played.contains("error");
+    reply["during"] = played;
+    return reply;
+}
+
+Json Driver::Carry(const Json& command) {
     try {
-        const QJsonDocument document = QJsonDocument::fromJson(line);
-        if (!document.isObject()) throw Refusal(u"the line is no JSON object"_qs);
-        const QJsonObject command = document.object();
-        quitAsked_ = command.value(u"do").toString() == u"quit";
-        return quitAsked_ ? QJsonObject() : commands_.Run(command);
+        quitAsked_ = command.value("do", "") == "quit";
+        return quitAsked_ ? Json() : RunCommand(stage_, command);
     } catch (const std::exception& fault) {
-        return {{u"error"_qs, QString::fromUtf8(fault.what())}};
+        return {{"error", fault.what()}};
     }
 }
 
@@ -108,18 +138,19 @@ void Driver::ReplyIfDue() {
 }
 
 void Driver::Reply() {
-    QJsonObject reply = *due_;
+    Json reply = *due_;
     due_.reset();
     const QWidget* panel = panels_.Addressed();
     const QWidget* modal = Panels::Modal();
-    reply[u"ok"] = !reply.contains(u"error");
-    reply[u"messages"] = desktop_.TakeMessages();
-    reply[u"panel"] = panel ? Panels::Name(*panel) : QJsonValue();
-    reply[u"modal"] = modal ? Panels::Name(*modal) : QJsonValue();
-    const QJsonArray opened = desktop_.TakeOpened();
-    if (!opened.isEmpty()) reply[u"opened"] = opened;
-    const QByteArray text = QJsonDocument(reply).toJson(QJsonDocument::Compact) + '\n';
-    std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stdout);
+    reply["ok"] = !reply.contains("error");
+    reply["messages"] = desktop_.TakeMessages();
+    reply["panel"] = panel ? Json(Panels::Name(*panel)) : Json();
+    reply["modal"] = modal ? Json(Panels::Name(*modal)) : Json();
+    const Json opened = desktop_.TakeOpened();
+    if (!opened.empty()) reply["opened"] = opened;
+    // What the store holds may be no UTF-8.
+    const std::string text = reply.dump(-1, ' ', false, Json::error_handler_t::replace) + '\n';
+    std::fwrite(text.data(), 1, text.size(), stdout);
     std::fflush(stdout);
 }
 

@@ -1,161 +1,106 @@
 #include "Grids.h"
 
-#include <QJsonArray>
 #include <QTest>
+#include <QWidget>
 #include <QWindow>
-#include <map>
-#include <string>
+#include <cstdio>
+#include <stdexcept>
 
-#include "Refusal.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/LineChart.h"
-#include "ui/qt/PanelContext.h"
 
 namespace ssq {
 
 namespace {
 
-QString Hex(Rgb colour) {
-    return QStringLiteral("#%1%2%3")
-        .arg(colour.red, 2, 16, QLatin1Char('0'))
-        .arg(colour.green, 2, 16, QLatin1Char('0'))
-        .arg(colour.blue, 2, 16, QLatin1Char('0'))
-        .toUpper();
+using Refusal = std::runtime_error;
+
+Json Hex(const std::optional<Rgb>& colour) {
+    if (!colour) return nullptr;
+    char text[8];
+    std::snprintf(text, sizeof text, "#%02X%02X%02X", colour->red, colour->green, colour->blue);
+    return text;
 }
 
-// A JSON object of cells. Adding to a QJsonObject is fast only in the order of the keys, so they
-// are put in that order first: a chart panel's grid has a quarter of a million cells.
-class CellMap {
-  public:
-    void Add(const std::string& key, const QJsonValue& value) { values_[key] = value; }
-
-    QJsonObject ToJson() const {
-        QJsonObject object;
-        for (const auto& [key, value] : values_) object.insert(Qs(key), value);
-        return object;
-    }
-
-  private:
-    std::map<std::string, QJsonValue> values_;
-};
-
-struct CellMaps {
-    CellMap cells, back, fore, size, font;
-    QJsonArray bold;
-
-    void Add(const std::string& key, const std::string& text, const CellStyle& style) {
-        if (!text.empty()) cells.Add(key, Qs(text));
-        if (style.back) back.Add(key, Hex(*style.back));
-        if (style.fore) fore.Add(key, Hex(*style.fore));
-        if (style.bold) bold.append(Qs(key));
-        if (style.fontSize != 0) size.Add(key, style.fontSize);
-        if (!style.fontName.empty()) font.Add(key, Qs(style.fontName));
-    }
-};
-
-void DescribeCells(QJsonObject& fields, const ResultGrid& grid) {
-    CellMaps maps;
-    for (int row = 0; row < grid.rows(); ++row) {
-        for (int col = 0; col < grid.cols(); ++col) {
-            maps.Add(std::to_string(row) + "," + std::to_string(col), grid.cell(row, col),
-                     grid.style(row, col));
-        }
-    }
-    fields[u"cells"] = maps.cells.ToJson();
-    fields[u"back"] = maps.back.ToJson();
-    fields[u"fore"] = maps.fore.ToJson();
-    fields[u"bold"] = maps.bold;
-    fields[u"size"] = maps.size.ToJson();
-    fields[u"font"] = maps.font.ToJson();
+std::string Key(int row, int col) {
+    return std::to_string(row) + "," + std::to_string(col);
 }
 
-void DescribeRows(QJsonObject& fields, const ResultGrid& grid) {
-    CellMap heights;
-    QJsonArray merged;
-    for (int row = 0; row < grid.rows(); ++row) {
-        if (const auto height = grid.rowHeight(row)) heights.Add(std::to_string(row), *height);
-        if (grid.mergeRow(row)) merged.append(row);
-    }
-    fields[u"height"] = heights.ToJson();
-    fields[u"mergeRow"] = merged;
-}
-
-void DescribeColumns(QJsonObject& fields, const ResultGrid& grid) {
-    CellMap widths;
-    QJsonArray hidden;
-    QJsonArray merged;
-    for (int col = 0; col < grid.cols(); ++col) {
-        if (const auto width = grid.colWidth(col)) widths.Add(std::to_string(col), *width);
-        if (grid.hidden(col)) hidden.append(col);
-        if (grid.mergeCol(col)) merged.append(col);
-    }
-    fields[u"width"] = widths.ToJson();
-    fields[u"hidden"] = hidden;
-    fields[u"mergeCol"] = merged;
+void DescribeCell(Json& fields, const std::string& key, const std::string& text,
+                  const CellStyle& style) {
+    if (!text.empty()) fields["cells"][key] = text;
+    if (style.back) fields["back"][key] = Hex(style.back);
+    if (style.fore) fields["fore"][key] = Hex(style.fore);
+    if (style.bold) fields["bold"].push_back(key);
+    if (style.fontSize != 0) fields["size"][key] = style.fontSize;
+    if (!style.fontName.empty()) fields["font"][key] = style.fontName;
 }
 
 void RequireCell(const ResultGrid& grid, int row, int col) {
     if (row >= 0 && row < grid.rows() && col >= 0 && col < grid.cols()) return;
-    throw Refusal(u"no cell %1,%2 in a grid of %3 rows and %4 columns"_qs.arg(row)
-                      .arg(col)
-                      .arg(grid.rows())
-                      .arg(grid.cols()));
+    throw Refusal("no cell " + Key(row, col) + " in a grid of " + std::to_string(grid.rows()) +
+                  " rows and " + std::to_string(grid.cols()) + " columns");
 }
 
 // The middle of the visible part of a cell, in coordinates of its window.
 QPoint PlaceOfCell(GridView& view, int row, int col) {
     RequireCell(view.grid(), row, col);
-    if (view.grid().hidden(col)) throw Refusal(u"column %1 is hidden"_qs.arg(col));
     const QModelIndex index = view.model()->index(row, col);
     view.scrollTo(index);
     const QRect seen = view.visualRect(index) & view.viewport()->rect();
-    if (seen.isEmpty() || view.indexAt(seen.center()) != index) {
-        throw Refusal(u"cell %1,%2 cannot be seen"_qs.arg(row).arg(col));
+    if (view.grid().hidden(col) || seen.isEmpty() || view.indexAt(seen.center()) != index) {
+        throw Refusal("cell " + Key(row, col) + " cannot be seen");
     }
     return view.viewport()->mapTo(view.window(), seen.center());
-}
-
-QWindow* WindowOf(const GridView& view) {
-    return view.window()->windowHandle();
 }
 
 }  // namespace
 
 GridView& AsGrid(QWidget& control) {
     if (auto* view = qobject_cast<GridView*>(&control)) return *view;
-    throw Refusal(u"'%1' is no grid"_qs.arg(control.objectName()));
+    throw Refusal("'" + control.objectName().toStdString() + "' is no grid");
 }
 
-const LineChart& AsChart(const QWidget& control) {
-    if (auto* chart = qobject_cast<const LineChart*>(&control)) return *chart;
-    throw Refusal(u"'%1' is no chart"_qs.arg(control.objectName()));
-}
-
-QJsonObject DescribeGrid(const ResultGrid& grid) {
-    QJsonObject fields{
-        {u"rows"_qs, grid.rows()},
-        {u"cols"_qs, grid.cols()},
-        {u"fixedRows"_qs, grid.fixedRows()},
-        {u"fixedCols"_qs, grid.fixedCols()},
-        {u"selection"_qs, QJsonArray{grid.row(), grid.col(), grid.rowSel(), grid.colSel()}},
-    };
-    DescribeCells(fields, grid);
-    DescribeRows(fields, grid);
-    DescribeColumns(fields, grid);
+Json DescribeGrid(const ResultGrid& grid) {
+    Json fields{{"rows", grid.rows()},
+                {"cols", grid.cols()},
+                {"fixedRows", grid.fixedRows()},
+                {"fixedCols", grid.fixedCols()},
+                {"gridBack", Hex(grid.gridBack)},
+                {"gridLines", Hex(grid.gridLines)},
+                {"selection", {grid.row(), grid.col(), grid.rowSel(), grid.colSel()}}};
+    for (const char* map : {"cells", "back", "fore", "size", "font", "height", "width", "align"}) {
+        fields[map] = Json::object();
+    }
+    for (const char* list : {"bold", "hidden", "mergeRow", "mergeCol"}) {
+        fields[list] = Json::array();
+    }
+    for (int row = 0; row < grid.rows(); ++row) {
+        if (const auto height = grid.rowHeight(row))
+            fields["height"][std::to_string(row)] = *height;
+        if (grid.mergeRow(row)) fields["mergeRow"].push_back(row);
+        for (int col = 0; col < grid.cols(); ++col) {
+            DescribeCell(fields, Key(row, col), grid.cell(row, col), grid.style(row, col));
+        }
+    }
+    for (int col = 0; col < grid.cols(); ++col) {
+        if (const auto width = grid.colWidth(col)) fields["width"][std::to_string(col)] = *width;
+        fields["align"][std::to_string(col)] = static_cast<int>(grid.alignment(col));
+        if (grid.hidden(col)) fields["hidden"].push_back(col);
+        if (grid.mergeCol(col)) fields["mergeCol"].push_back(col);
+    }
     return fields;
 }
 
-QJsonObject DescribeChart(const LineChart& chart) {
-    const LineChartData& data = chart.data();
-    QJsonArray labels;
-    for (const std::string& label : data.labels) labels.append(Qs(label));
-    QJsonArray values;
-    for (const double value : data.values) values.append(value);
-    return {{u"title"_qs, Qs(data.title)},
-            {u"labels"_qs, labels},
-            {u"values"_qs, values},
-            {u"min"_qs, data.min},
-            {u"max"_qs, data.max}};
+Json DescribeChart(const QWidget& control) {
+    auto* chart = qobject_cast<const LineChart*>(&control);
+    if (!chart) throw Refusal("'" + control.objectName().toStdString() + "' is no chart");
+    const LineChartData& data = chart->data();
+    return {{"title", data.title},
+            {"labels", data.labels},
+            {"values", data.values},
+            {"min", data.min},
+            {"max", data.max}};
 }
 
 void SelectCells(GridView& view, int row, int col, int rowSel, int colSel) {
@@ -164,12 +109,15 @@ void SelectCells(GridView& view, int row, int col, int rowSel, int colSel) {
     view.Edit([=](ResultGrid& grid) { grid.Select(row, col, rowSel, colSel); });
 }
 
-void ClickCell(GridView& view, int row, int col, Qt::MouseButton button) {
-    QTest::mouseClick(WindowOf(view), button, {}, PlaceOfCell(view, row, col));
-}
-
-void DoubleClickCell(GridView& view, int row, int col) {
-    QTest::mouseDClick(WindowOf(view), Qt::LeftButton, {}, PlaceOfCell(view, row, col));
+void PressCell(GridView& view, int row, int col, Press press) {
+    const QPoint place = PlaceOfCell(view, row, col);
+    QWindow* window = view.window()->windowHandle();
+    if (press == Press::kDouble) {
+        QTest::mouseDClick(window, Qt::LeftButton, {}, place);
+    } else {
+        QTest::mouseClick(window, press == Press::kLeft ? Qt::LeftButton : Qt::RightButton, {},
+                          place);
+    }
 }
 
 }  // namespace ssq

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <algorithm>
 
 namespace ssq {
 
@@ -54,9 +55,9 @@ int Panels::ModalCount() {
                       [](const QWidget* window) { return IsOpenModal(*window); }));
 }
 
-QString Panels::Name(const QWidget& window) {
-    return window.objectName().isEmpty() ? QString::fromLatin1(window.metaObject()->className())
-                                         : window.objectName();
+std::string Panels::Name(const QWidget& window) {
+    return window.objectName().isEmpty() ? window.metaObject()->className()
+                                         : window.objectName().toStdString();
 }
 
 // A panel that is already open is brought up by raising it, which changes its place in the stack.

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QWidget>
 #include <functional>
+#include <string>
 
 namespace ssq {
 
@@ -25,7 +26,7 @@ class Panels final : public QObject {
     static int ModalCount();
 
     // The name by which replies call a window.
-    static QString Name(const QWidget& window);
+    static std::string Name(const QWidget& window);
 
     std::function<void()> onModalShown;
 

@@ -1,41 +1,59 @@
 #include "ScriptDesktop.h"
 
-#include <QJsonObject>
+#include <QAction>
 #include <QMenu>
-#include <utility>
-
-#include "MenuEntry.h"
+#include <stdexcept>
 
 namespace ssq {
 
-void ScriptDesktop::ChooseInPopup(const QString& entry) {
-    wishedEntry_ = entry;
-    popupFault_ = u"no popup was raised"_qs;
+QAction* FindEntry(const QList<QAction*>& entries, const QString& name) {
+    for (QAction* entry : entries) {
+        const QMenu* submenu = entry->menu();
+        if (entry->objectName() == name || entry->text() == name) return entry;
+        if (!submenu) continue;
+        if (submenu->objectName() == name) return entry;
+        if (QAction* found = FindEntry(submenu->actions(), name)) return found;
+    }
+    return nullptr;
 }
 
-QString ScriptDesktop::EndPopup() {
+QAction& UsableEntry(const QList<QAction*>& entries, const QString& name) {
+    QAction* entry = FindEntry(entries, name);
+    const char* fault = nullptr;
+    if (!entry)
+        fault = "is no menu entry";
+    else if (entry->menu())
+        fault = "is a menu, not an entry";
+    else if (!entry->isVisible())
+        fault = "is hidden";
+    else if (!entry->isEnabled())
+        fault = "is disabled";
+    if (fault) throw std::runtime_error("'" + name.toStdString() + "' " + fault);
+    return *entry;
+}
+
+void ScriptDesktop::ChooseInPopup(const QString& entry) {
+    wishedEntry_ = entry;
+    popupFault_ = "no popup was raised";
+}
+
+std::string ScriptDesktop::EndPopup() {
     wishedEntry_.clear();
     return std::exchange(popupFault_, {});
 }
 
-void ScriptDesktop::ShowBox(const QString& title, const QString& text) {
-    messages_.append(QJsonObject{{u"title"_qs, title}, {u"text"_qs, text}});
+void ScriptDesktop::ShowBox(const QString& title, const QString& text, const QString& note) {
+    Json box{{"title", title}, {"text", text}};
+    if (!note.isEmpty()) box["note"] = note;
+    messages_.push_back(std::move(box));
 }
 
 bool ScriptDesktop::Confirm(const QString& title, const QString& text) {
-    ShowBox(title, text);
+    ShowBox(title, text, {});
     if (questionAnswers_.empty()) return true;
     const bool answer = questionAnswers_.front();
     questionAnswers_.pop_front();
     return answer;
-}
-
-QString ScriptDesktop::AskSaveFile(const QString&) {
-    return TakeFileAnswer();
-}
-
-QString ScriptDesktop::AskOpenFile(const QString&) {
-    return TakeFileAnswer();
 }
 
 QString ScriptDesktop::TakeFileAnswer() {
@@ -46,25 +64,27 @@ QString ScriptDesktop::TakeFileAnswer() {
 }
 
 void ScriptDesktop::Open(const QString& urlOrFile) {
-    opened_.append(urlOrFile);
+    opened_.push_back(urlOrFile);
 }
 
 void ScriptDesktop::StartProgram(const QString& file, const QString& arguments) {
-    opened_.append(file + u' ' + arguments);
+    opened_.push_back(QString(file + u' ' + arguments));
 }
 
+// The fault is kept for the end of the command: nothing may be thrown through the event loop.
 void ScriptDesktop::RaisePopup(QMenu& menu, const QPoint&) {
     Q_EMIT menu.aboutToShow();
-    QAction* wished = wishedEntry_.isEmpty() ? nullptr : FindWished(menu);
+    QAction* wished = nullptr;
+    if (!wishedEntry_.isEmpty()) {
+        try {
+            wished = &UsableEntry(menu.actions(), std::exchange(wishedEntry_, {}));
+            popupFault_.clear();
+        } catch (const std::exception& fault) {
+            popupFault_ = fault.what();
+        }
+    }
     Q_EMIT menu.aboutToHide();
     if (wished) wished->trigger();
-}
-
-QAction* ScriptDesktop::FindWished(QMenu& menu) {
-    const QString entry = std::exchange(wishedEntry_, {});
-    QAction* found = FindMenuEntry(menu.actions(), entry);
-    popupFault_ = MenuEntryFault(found, entry);
-    return popupFault_.isEmpty() ? found : nullptr;
 }
 
 }  // namespace ssq

@@ -3,10 +3,9 @@
 
 #include "Driver.h"
 #include "ScriptDesktop.h"
-#include "app/Application.h"
 #include "app/OneProgram.h"
 #include "app/Program.h"
-#include "ui/qt/look.h"
+#include "ui/qt/Application.h"
 
 namespace {
 
@@ -21,21 +20,20 @@ void Print(QtMsgType, const QMessageLogContext&, const QString& text) {
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(Print);
-    ssq::Application application(argc, argv);
+    ssq::ScriptDesktop desktop;
+    ssq::Application application(argc, argv, desktop);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 2) {
         std::fputs("usage: panel_driver FOLDER\n", stderr);
         return 2;
     }
-    ssq::ApplyLook(application);
     const ssq::OneProgram one(arguments[1].toStdString());
     if (!one.isFirst()) {
         std::fputs("panel_driver: a program is running on this folder already\n", stderr);
         return 1;
     }
-    ssq::ScriptDesktop desktop;
-    application.onFault = [&desktop](const QString& text) { desktop.ShowBox({}, text); };
     ssq::Program program(desktop, arguments[1].toStdString());
+    application.onTerminate = [&program] { program.End(); };
     ssq::Driver driver(program, desktop);
     program.Start();
     driver.Start();

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "acquire/getWWW.h"
+#include "base/numbers.h"
 #include "base/text.h"
 #include "draws/Public_var.h"
 #include "draws/queries.h"
@@ -72,8 +73,8 @@ int UpdateBallOrder(Session& session) {
             session.host.ShowMessage(Excerpt(*order) + "格式不正确！");
             return count;
         }
-        if (!ExecuteOrTell(session, "update cphm set cqsx='" + Replace(*order, "'", "''") +
-                                        "' where kjqh=" + issue)) {
+        if (!ExecuteOrTell(session, "update cphm set cqsx=? where kjqh=?",
+                           {*order, WholePart(issue)})) {
             return count;
         }
         ++count;

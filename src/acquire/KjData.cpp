@@ -1,13 +1,14 @@
 #include "acquire/KjData.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "acquire/getWWW.h"
 #include "base/ConvertYlDate.h"
-#include "base/RedSet.h"
 #include "base/dates.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "draws/Draw.h"
 #include "draws/Public_var.h"
 #include "draws/public_fun.h"
 #include "draws/queries.h"
@@ -19,11 +20,10 @@ namespace ssq {
 namespace {
 
 constexpr std::int32_t kFirstIssue = 2003001;  // the first draw of the game
-constexpr std::size_t kReds = 6;
-constexpr std::size_t kBalls = 7;
+constexpr std::size_t kBalls = kRedsInDraw + 1;
 constexpr std::size_t kCells = 3;
+constexpr const char* kRepeated = "网站的开奖数据重复，无法更新！";
 constexpr std::size_t kLongestEmptyRow = 5;  // characters
-constexpr int kLargestBlue = 16;
 
 enum class PageEnd {
     kMore,    // the next page follows
@@ -53,8 +53,8 @@ bool AreBalls(const std::string& numbers) {
     const std::vector<std::string> items = BallTexts(numbers);
     if (items.size() != kBalls) return false;
     RedSet reds;
-    for (std::size_t i = 0; i < kReds; ++i) reds.Add(BallOf(items[i], RedSet::kLargest));
-    return reds.Count() == static_cast<int>(kReds) && BallOf(items[kReds], kLargestBlue) > 0;
+    for (std::size_t i = 0; i < kRedsInDraw; ++i) reds.Add(BallOf(items[i], kReds));
+    return reds.Count() == kRedsInDraw && BallOf(items[kRedsInDraw], kBlues) > 0;
 }
 
 // With "-" between year, month and day.
@@ -104,9 +104,14 @@ PageEnd ReadRow(Session& session, const std::string& row, std::int32_t localIssu
     if (!AreBalls(numbers)) {
         return Tell(session, issue + "期的开奖号码不正确：" + Excerpt(numbers), PageEnd::kFault);
     }
+    const auto number = static_cast<std::int32_t>(WholePart(issue));
+    if (std::find(harvest.NewIssues.begin(), harvest.NewIssues.end(), number) !=
+        harvest.NewIssues.end()) {
+        return Tell(session, kRepeated, PageEnd::kFault);
+    }
     harvest.NewDates.push_back(date);
     harvest.NewNumbers.push_back(numbers);
-    harvest.NewIssues.push_back(static_cast<std::int32_t>(WholePart(issue)));
+    harvest.NewIssues.push_back(number);
     return PageEnd::kMore;
 }
 
@@ -134,15 +139,16 @@ void Truncate(Harvest& harvest, int count) {
     harvest.NewIssues.resize(size);
 }
 
-std::string InsertStatement(const Harvest& harvest, std::size_t index, std::int64_t qid) {
+NewDraw DrawOf(const Harvest& harvest, std::size_t index) {
     const std::vector<std::string> items = BallTexts(harvest.NewNumbers[index]);
-    std::vector<std::string> reds(items.begin(), items.begin() + kReds);
-    for (std::string& red : reds) red = TwoDigits(WholePart(red));
-    const std::string date = DashedDate(harvest.NewDates[index]);
-    return "Insert into cphm(qid,kjqh,kjhm,a1,a2,a3,a4,a5,a6,a7,kjDate,kjWeek,nnDate) values(" +
-           std::to_string(qid) + "," + std::to_string(harvest.NewIssues[index]) + ",'" +
-           Join(reds, ",") + "'," + Join(items, ",") + ",'" + date + "'," +
-           std::to_string(Weekday(*ParseDate(date))) + "," + LunarDay(LunarText(date)) + ")";
+    NewDraw draw;
+    draw.issue = harvest.NewIssues[index];
+    draw.date = DashedDate(harvest.NewDates[index]);
+    for (std::size_t ball = 0; ball < draw.balls.size(); ++ball) {
+        draw.balls[ball] = BallOf(items[ball], kReds);
+    }
+    draw.blue = BallOf(items[kRedsInDraw], kBlues);
+    return draw;
 }
 
 // The newest issue of cphm, 0 while there is none; nothing after telling of a failure.
@@ -170,19 +176,19 @@ bool HarvestPages(Session& session, std::int32_t localIssue, Harvest& harvest) {
         }
         const auto last = harvest.NewIssues.end() - 1;
         if (before > 0 && *last >= harvest.NewIssues[static_cast<std::size_t>(before) - 1]) {
-            session.host.ShowMessage("网站的开奖数据重复，无法更新！");
+            session.host.ShowMessage(kRepeated);
             return false;
         }
     }
 }
 
 void InsertDraws(Session& session, const Harvest& harvest) {
-    Recordset rows;
-    if (!QueryOrTell(session, "Select Max(qid) from cphm", rows)) return;
-    std::int64_t qid = rows.Int(0);
     WriteBatch batch(session.host, session.connection);
+    std::string errorText;
     for (std::size_t i = harvest.NewIssues.size(); i-- > 0;) {
-        if (!ExecuteOrTell(session, InsertStatement(harvest, i, ++qid))) return;
+        if (InsertDraw(session.connection, DrawOf(harvest, i), errorText)) continue;
+        session.host.ShowMessage(errorText);
+        return;
     }
     if (!CommitOrTell(session, batch)) return;
     session.host.ShowMessage("共更新" + std::to_string(harvest.HarvestCount()) + "期!");

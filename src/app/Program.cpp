@@ -1,5 +1,7 @@
 #include "app/Program.h"
 
+#include <QCoreApplication>
+
 #include "app/MDL_UPDATE.h"
 #include "app/frmMain.h"
 #include "draws/public_fun.h"
@@ -20,6 +22,12 @@ void Program::Start() {
     window_ = std::make_unique<frmMain>(PanelContext{session_, desktop_});
     window_->show();
     session_.isStarting = false;
+}
+
+void Program::End() {
+    host_.Stop();
+    if (window_) window_->close();
+    QCoreApplication::quit();
 }
 
 QWidget& Program::mainWindow() {

@@ -23,6 +23,9 @@ class Program {
     // The updater, the database, the newest issue, then the main window, which does not block.
     void Start();
 
+    // Ends the program as closing the main window does, but asks nothing.
+    void End();
+
     Session& session() { return session_; }
     QWidget& mainWindow();
 

@@ -204,7 +204,9 @@ void frmMain::BuyTickets() {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    if (!context_.desktop.Confirm(QStringLiteral(" 退出软件"),
+    // Already told to stop, the program ends without the question.
+    if (!context_.session.host.stopping() &&
+        !context_.desktop.Confirm(QStringLiteral(" 退出软件"),
                                   QStringLiteral(" 您确定要退出软件吗？"))) {
         event->ignore();
         return;

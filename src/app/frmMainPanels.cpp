@@ -5,11 +5,21 @@
 #include "acquire/frmSale.h"
 #include "banker/frmXUEXI.h"
 #include "banker/frmxxjl.h"
+#include "charts/frmLHzst.h"
+#include "charts/frmWeiHangLie.h"
+#include "charts/frmWeiShu.h"
+#include "charts/frmWeizhi1107568.h"
 #include "charts/frmZST.h"
 #include "history/frmHistory.h"
 #include "kill/frmSHAMA.h"
+#include "stats/frmBianMa.h"
+#include "stats/frmHongHaomaGens.h"
+#include "stats/frmJianGe.h"
+#include "stats/frmLengRe.h"
 #include "ui/qt/form.h"
 #include "workbench/frmShaHao.h"
+#include "wrap/frm18MaWeiHong.h"
+#include "wrap/frmWeiLan.h"
 
 namespace ssq {
 
@@ -30,8 +40,21 @@ std::pair<const QString, Make<Panel>> Modeless(const char* name) {
 
 const std::map<QString, Make<Panel>>& Panels() {
     static const std::map<QString, Make<Panel>> kPanels = {
-        Modeless<frmHistory>("frmHistory"), Modeless<frmSHAMA>("frmSHAMA"),
-        Modeless<frmSale>("frmSale"),       Modeless<frmShaHao>("frmShaHao"),
+        Modeless<frm18MaWeiHong>("frm18MaWeiHong"),
+        Modeless<frmBianMa>("frmBianMa"),
+        Modeless<frmHeZhi>("frmHeZhi"),
+        Modeless<frmHistory>("frmHistory"),
+        Modeless<frmHongHaomaGens>("frmHongHaomaGens"),
+        Modeless<frmJianGe>("frmJianGe"),
+        Modeless<frmLHzst>("frmLHzst"),
+        Modeless<frmLengRe>("frmLengRe"),
+        Modeless<frmSHAMA>("frmSHAMA"),
+        Modeless<frmSale>("frmSale"),
+        Modeless<frmShaHao>("frmShaHao"),
+        Modeless<frmWeiHangLie>("frmWeiHangLie"),
+        Modeless<frmWeiLan>("frmWeiLan"),
+        Modeless<frmWeiShu>("frmWeiShu"),
+        Modeless<frmWeizhi1107568>("frmWeizhi1107568"),
         Modeless<frmZST>("frmZST"),
     };
     return kPanels;

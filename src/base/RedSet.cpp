@@ -7,7 +7,7 @@ namespace ssq {
 
 RedSet RedSet::FromList(std::string_view list) {
     RedSet set;
-    for (const std::string& item : Split(list, ",")) set.Add(static_cast<int>(Val(item)));
+    for (const int number : IntList(list)) set.Add(number);
     return set;
 }
 

@@ -48,7 +48,8 @@ class TemporaryFile {
         if (!isOpen()) return;
         const int error = errno;  // the reason of the failure outlives the clearing up
         ::close(descriptor_);
-        if (!kept_) ::unlink(path_.c_str());
+        std::error_code ignored;
+        if (!kept_) fs::remove(path_, ignored);
         errno = error;
     }
 
@@ -64,7 +65,10 @@ class TemporaryFile {
     }
 
     bool MoveTo(const fs::path& target) {
-        kept_ = ::rename(path_.c_str(), target.c_str()) == 0;
+        std::error_code error;
+        fs::rename(path_, target, error);
+        kept_ = !error;
+        errno = error.value();
         return kept_;
     }
 

@@ -119,6 +119,14 @@ std::optional<std::vector<int>> ParseNumberList(std::string_view text, int low, 
     return numbers;
 }
 
+std::vector<int> IntList(std::string_view list) {
+    std::vector<int> numbers;
+    for (const std::string& item : Split(list, ",")) {
+        numbers.push_back(ToInt(WholePart(Val(item))));
+    }
+    return numbers;
+}
+
 double Round(double value) {
     return std::nearbyint(value * 100) / 100;
 }

@@ -36,6 +36,9 @@ int ToInt(std::int64_t value);
 std::string NumberListText(std::span<const int> numbers);
 std::optional<std::vector<int>> ParseNumberList(std::string_view text, int low, int high);
 
+// The leading whole numbers of the items of a comma text, held to the range of an int.
+std::vector<int> IntList(std::string_view list);
+
 // Two decimals, ties to the even digit.
 double Round(double value);
 

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "base/ConvertYlDate.h"
-#include "base/RedSet.h"
 #include "base/dates.h"
-#include "base/numbers.h"
 #include "base/text.h"
+#include "charts/ChartGround.h"
 #include "charts/TrendCounters.h"
 #include "draws/Public_var.h"
 #include "draws/queries.h"
@@ -18,35 +18,18 @@ namespace ssq {
 
 namespace {
 
-constexpr int kCols = 69;
-constexpr int kFixedCols = 3;
-constexpr int kOrderCol = 36;
-constexpr int kFirstCounterCol = 37;
+constexpr int kOrderCol = kLastNumberCol + 1;
+constexpr int kFirstCounterCol = kOrderCol + 1;
 constexpr int kPickRows = 3;
 
-constexpr Rgb kBackground{51, 153, 102};
-constexpr Rgb kBand{153, 51, 102};
-constexpr Rgb kLines{0, 0, 0};
 constexpr Rgb kLastButOne{199, 199, 44};
 constexpr Rgb kLastButTwo{236, 241, 241};
 constexpr Rgb kBestRate{255, 255, 255};
 constexpr Rgb kPicked{200, 200, 200};
-// Discs behind the numbers: a light one under the default text, a dark one under light colours.
-constexpr Rgb kBall{255, 248, 224};
-constexpr Rgb kDarkBall{58, 14, 42};
-
-struct TrendDraw {
-    std::string issue;
-    std::string reds;
-    std::string drawnOrder;
-    std::array<int, 6> balls{};
-    int blue = 0;
-};
 
 struct Inputs {
     std::string nextIssue;
-    std::vector<TrendDraw> draws;
-    std::vector<CountedDraw> counted;  // the same draws for the counters
+    std::vector<Draw> draws;
 };
 
 // The day of the next draw: two days after a Sunday or Tuesday, three after a Thursday; any other
@@ -64,132 +47,75 @@ bool UsesWholeHistory(int type) {
     return type == 1 || type == 2 || type == 5 || type == 6;
 }
 
-std::string SeriesSql(const PeriodRange& range, int type, const std::string& nextIssue,
-                      const Date& nextDraw) {
+// The condition that the draws of the series meet.
+std::string SeriesCondition(const PeriodRange& range, int type, const std::string& nextIssue,
+                            const Date& nextDraw) {
     const std::string period = "kjqh>=" + range.start + " and kjqh<=" + range.end;
-    const std::string fields = "kjqh ,kjhm,cqsx,a1,a2,a3,a4,a5,a6,a7 from cphm where ";
-    const std::string prefix = "Select  " + fields;
     switch (type) {
         case 1:
-            return prefix + "mid(kjqh,5,3)='" + Characters(nextIssue, 5, 3) +
-                   "'  order by kjqh asc";
+            return "mid(kjqh,5,3)='" + Characters(nextIssue, 5, 3) + "'";
         case 2:
-            return prefix + "mid(kjqh,7,1)='" + Characters(nextIssue, 7, 1) +
-                   "'   order by kjqh asc";
+            return "mid(kjqh,7,1)='" + Characters(nextIssue, 7, 1) + "'";
         case 3:
-            return prefix + "int(mid(kjqh,5,3)) mod 2=1 and  " + period + " order by kjqh asc";
+            return "int(mid(kjqh,5,3)) mod 2=1 and " + period;
         case 4:
-            return prefix + "int(mid(kjqh,5,3))  mod 2=0  and " + period + "  order by kjqh asc";
+            return "int(mid(kjqh,5,3)) mod 2=0 and " + period;
         case 5:
-            return prefix + "day(kjdate)=" + std::to_string(static_cast<unsigned>(nextDraw.day())) +
-                   "  order by kjqh asc";
+            return "day(kjdate)=" + std::to_string(static_cast<unsigned>(nextDraw.day()));
         case 6:
-            return prefix + "nnDate=" + LunarDay(LunarText(DateText(nextDraw))) +
-                   "  order by kjqh asc";
+            return "nnDate=" + LunarDay(LunarText(DateText(nextDraw)));
         case 7:
-            return prefix + "kjWeek=" + std::to_string(Weekday(nextDraw)) + " and " + period +
-                   "  order by kjqh asc";
+            return "kjWeek=" + std::to_string(Weekday(nextDraw)) + " and " + period;
         default:
-            return "Select kjqh,kjhm,cqsx,a1,a2,a3,a4,a5,a6,a7 from cphm where " + period +
-                   " order by kjqh asc";
+            return period;
     }
 }
 
-TrendDraw ReadDraw(const Recordset& rows) {
-    TrendDraw draw;
-    draw.issue = rows.Text(0);
-    draw.reds = rows.Text(1);
-    draw.drawnOrder = rows.Text(2);
-    for (std::size_t i = 0; i < draw.balls.size(); ++i) {
-        draw.balls[i] = static_cast<int>(rows.Int(static_cast<int>(3 + i)));
-    }
-    draw.blue = static_cast<int>(rows.Int(9));
-    return draw;
-}
-
-bool ReadInputs(Session& session, const PeriodRange& range, int type, Inputs& inputs) {
-    if (!UsesWholeHistory(type) && !CheckPeriod(session, range)) return false;
+std::optional<Inputs> ReadInputs(Session& session, const PeriodRange& range, int type) {
+    if (!UsesWholeHistory(type) && !CheckPeriod(session, range)) return std::nullopt;
     const std::int32_t next = NextIssue(session, range.end);
-    if (next == 0) return false;
-    inputs.nextIssue = std::to_string(next);
+    if (next == 0) return std::nullopt;
+    const std::string nextIssue = std::to_string(next);
 
     Recordset rows;
     if (!QueryOrTell(session, "Select kjdate from cphm where kjqh=" + range.end, rows)) {
-        return false;
+        return std::nullopt;
     }
     const Date nextDraw = NextDrawDate(ParseDate(rows.Text(0)).value_or(Date{}));
-    if (!QueryOrTell(session, SeriesSql(range, type, inputs.nextIssue, nextDraw), rows)) {
-        return false;
-    }
-    if (rows.eof()) {
+    auto draws = ReadDrawsWhere(session, SeriesCondition(range, type, nextIssue, nextDraw));
+    if (!draws) return std::nullopt;
+    if (draws->empty()) {
         session.host.ShowMessage("无数据！");
-        return false;
+        return std::nullopt;
     }
-    for (; !rows.eof(); rows.MoveNext()) {
-        const TrendDraw& draw = inputs.draws.emplace_back(ReadDraw(rows));
-        inputs.counted.push_back(CountedDrawOf(draw.reds, draw.blue));
-    }
-    return true;
-}
-
-int ColOf(int red) {
-    return red + kFirstNumberCol - 1;
+    return Inputs{nextIssue, std::move(*draws)};
 }
 
 int CounterCol(std::size_t counter) {
     return kFirstCounterCol + static_cast<int>(counter);
 }
 
-ResultGrid EmptyGrid(int draws) {
-    ResultGrid grid(draws + 5, kCols, 1, kFixedCols);
-    grid.gridBack = kBackground;
-    grid.gridLines = kLines;
-    grid.paleText = "0";
-    grid.SetAllAlignments(Align::kCentre);
-    grid.SetEvenCols(kFirstNumberCol, kLastNumberCol);
-    grid.SetCell(0, 0, "期号");
-    grid.SetCell(0, 1, "红球号码");
-    grid.SetCell(0, 2, "蓝");
-    for (int red = 1; red <= RedSet::kLargest; ++red) grid.SetCell(0, ColOf(red), TwoDigits(red));
-    grid.SetCell(0, kOrderCol, "出球顺序");
-    for (std::size_t i = 0; i < kTrendCounters.size(); ++i) {
-        grid.SetCell(0, CounterCol(i), kTrendCounters[i].heading);
-    }
-    for (int col = 0; col < kCols; ++col) grid.SetBold(0, col);
-    return grid;
+ColumnTable Columns() {
+    ColumnTable columns;
+    AddDrawColumns(columns);
+    AddNumberColumns(columns);
+    columns.push_back({"出球顺序"});
+    for (const TrendCounter& counter : kTrendCounters) columns.push_back({counter.heading});
+    return columns;
 }
 
-// How often each number was drawn and each pattern occurred.
-struct Hits {
-    std::array<int, RedSet::kLargest + 1> ofNumber{};
-    TrendCounts ofPattern{};
-};
-
-void FillDraw(ResultGrid& grid, int row, const TrendDraw& draw, const TrendCounts& counts,
-              Hits& hits) {
-    grid.SetCell(row, 0, ShortIssue(draw.issue));
-    grid.SetCell(row, 1, draw.reds);
-    grid.SetCell(row, 2, TwoDigits(draw.blue));
+void FillDraw(ResultGrid& grid, int row, const Draw& draw, const TrendCounts& counts,
+              ColumnCounts& hits) {
+    FillDrawCells(grid, row, draw);
     for (const int ball : draw.balls) {
-        if (ball < 1 || ball > RedSet::kLargest) continue;
-        grid.SetCell(row, ColOf(ball), TwoDigits(ball));
-        grid.SetBold(row, ColOf(ball));
-        grid.SetMark(row, ColOf(ball), kBall);
-        ++hits.ofNumber[static_cast<std::size_t>(ball)];
+        if (ball < 1 || ball > kReds) continue;
+        ShowBall(grid, row, ball);
+        hits.Add(NumberCol(ball));
     }
-    grid.SetCell(row, kOrderCol, draw.drawnOrder);
-    for (std::size_t i = 0; i < kTrendCounters.size(); ++i) {
+    grid.SetCell(row, kOrderCol, draw.drawn);
+    for (std::size_t i = 0; i < counts.size(); ++i) {
         grid.SetCell(row, CounterCol(i), std::to_string(counts[i]));
-        if (counts[i] > kTrendCounters[i].commonUpTo) ++hits.ofPattern[i];
-    }
-}
-
-void ColourBands(ResultGrid& grid) {
-    constexpr std::array<std::array<int, 2>, 3> kBands{{{3, 9}, {17, 23}, {31, 35}}};
-    for (int row = 1; row < grid.rows(); ++row) {
-        for (const auto& [first, last] : kBands) {
-            for (int col = first; col <= last; ++col) grid.SetBack(row, col, kBand);
-        }
+        if (counts[i] > kTrendCounters[i].commonUpTo) hits.Add(CounterCol(i));
     }
 }
 
@@ -222,61 +148,50 @@ std::string FillPickRows(ResultGrid& grid, int lastDraw, const std::string& next
     return Join(rows, ",");
 }
 
-void SetRate(ResultGrid& grid, int row, int col, double rate) {
-    grid.SetCell(row, col, NumberText(rate));
-    grid.SetFont(row, col, "Arial Narrow", 8);
-}
-
-void FillRates(ResultGrid& grid, int draws, const Hits& hits) {
+void FillRates(ResultGrid& grid, int draws, const ColumnCounts& hits) {
     const int rateRow = draws + kPickRows + 1;
     grid.SetCell(rateRow, 1, "命中概率");
-    std::array<double, RedSet::kLargest + 1> rates{};
-    for (int red = 1; red <= RedSet::kLargest; ++red) {
-        const auto i = static_cast<std::size_t>(red);
-        rates[i] = Round(100.0 * hits.ofNumber[i] / draws);
-        SetRate(grid, rateRow, ColOf(red), rates[i]);
-    }
-    const double best = *std::max_element(rates.begin(), rates.end());
-    for (int red = 1; red <= RedSet::kLargest; ++red) {
-        if (rates[static_cast<std::size_t>(red)] == best) {
-            SetLightFore(grid, rateRow, ColOf(red), kBestRate);
-        }
+    WriteSmallRates(hits, grid, rateRow, kFirstNumberCol, kLastNumberCol, draws);
+    int best = 0;
+    for (int col = kFirstNumberCol; col <= kLastNumberCol; ++col) best = std::max(best, hits[col]);
+    for (int col = kFirstNumberCol; col <= kLastNumberCol; ++col) {
+        if (hits[col] == best) SetLightFore(grid, rateRow, col, kBestRate);
     }
     for (std::size_t i = 0; i < kTrendCounters.size(); ++i) {
-        const double counted = draws - kTrendCounters[i].leadRows;
-        SetRate(grid, draws + 1, CounterCol(i), Round(100.0 * hits.ofPattern[i] / counted));
+        const int col = CounterCol(i);
+        WriteSmallRates(hits, grid, draws + 1, col, col, draws - kTrendCounters[i].leadRows);
     }
 }
 
 }  // namespace
 
-bool BuildMainTrendChart(Session& session, const PeriodRange& range, int type,
-                         MainTrendChart& chart) {
-    const PeriodRange trimmed{Trim(range.start), Trim(range.end)};
-    Inputs inputs;
-    if (!ReadInputs(session, trimmed, type, inputs)) return false;
+std::optional<MainTrendChart> BuildMainTrendChart(Session& session, const PeriodRange& range,
+                                                  int type) {
+    const auto inputs = ReadInputs(session, {Trim(range.start), Trim(range.end)}, type);
+    if (!inputs) return std::nullopt;
 
-    const int draws = static_cast<int>(inputs.draws.size());
-    MainTrendChart built;
-    built.grid = EmptyGrid(draws);
-    Hits hits;
+    const int draws = static_cast<int>(inputs->draws.size());
+    MainTrendChart chart;
+    ResultGrid& grid = chart.report.grid;
+    grid = MakeChart(Columns(), draws + kPickRows + 2, 1);
+    ShapeNumberColumns(grid);
+    ColumnCounts hits(grid.cols());
     for (int row = 1; row <= draws; ++row) {
-        FillDraw(built.grid, row, inputs.draws[static_cast<std::size_t>(row - 1)],
-                 CountRow(inputs.counted, row), hits);
+        FillDraw(grid, row, inputs->draws[static_cast<std::size_t>(row - 1)],
+                 CountRow(inputs->draws, row), hits);
     }
-    ColourBands(built.grid);
-    ColourLastRows(built.grid, draws);
-    built.pickRowList = FillPickRows(built.grid, draws, inputs.nextIssue);
-    FillRates(built.grid, draws, hits);
-    built.grid.AddRow();
-    built.caption = "走势图结果  [共" + std::to_string(draws) + "期]";
-    chart = std::move(built);
-    return true;
+    for (int row = 1; row < grid.rows(); ++row) BandNumbers(grid, row);
+    ColourLastRows(grid, draws);
+    chart.pickRowList = FillPickRows(grid, draws, inputs->nextIssue);
+    FillRates(grid, draws, hits);
+    grid.AddRow();
+    chart.report.caption = DrawsCaption(inputs->draws.size());
+    return chart;
 }
 
 void TogglePick(ResultGrid& grid, const std::string& pickRowList, int row, int col) {
-    const int number = col - (kFirstNumberCol - 1);
-    if (!Contains(pickRowList, TwoDigits(row)) || number > RedSet::kLargest) return;
+    const int number = col - NumberCol(0);
+    if (!Contains(pickRowList, TwoDigits(row)) || number > kReds) return;
     if (!grid.cell(row, col).empty()) {
         grid.SetCell(row, col, "");
         return;

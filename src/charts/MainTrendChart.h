@@ -2,11 +2,12 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "draws/public_fun.h"
-#include "ui/ResultGrid.h"
+#include "ui/ColumnTable.h"
 
 namespace ssq {
 
@@ -17,21 +18,16 @@ inline constexpr std::array<std::string_view, 8> kTrendTypes{
     "红球基本走势图",   "红球同期走势图", "红球同尾期走势图", "红球奇数期走势图",
     "红球偶数期走势图", "阳历同期走势图", "阴历同期走势图",   "同星期走势图"};
 
-// The columns of the numbers 1 to 33, which the user can hide.
-inline constexpr int kFirstNumberCol = 3;
-inline constexpr int kLastNumberCol = 35;
-
 struct MainTrendChart {
-    ResultGrid grid;
-    std::string caption;      // of the group around the grid
+    GridReport report;
     std::string pickRowList;  // grid rows for the user's picks, two digits each, comma separated
 };
 
 // Builds the chart of a type (0 to 7); types 1, 2, 5 and 6 take the whole history and only look at
-// the range's end. On a failed query or an empty series ("无数据！") the user
-// is told, the result is false and `chart` stays as it was.
-bool BuildMainTrendChart(Session& session, const PeriodRange& range, int type,
-                         MainTrendChart& chart);
+// the range's end. Nothing on a failed query or an empty series ("无数据！"), which the user is
+// told.
+std::optional<MainTrendChart> BuildMainTrendChart(Session& session, const PeriodRange& range,
+                                                  int type);
 
 // A press on a cell: sets the column's number where the cell is empty, empties it otherwise. The
 // press counts when the row's text occurs in `pickRowList` and the column is not behind the

@@ -3,40 +3,37 @@
 
 #include <array>
 #include <span>
-#include <string_view>
-#include <vector>
 
 #include "base/RedSet.h"
+#include "draws/Draw.h"
 
 namespace ssq {
 
+// A row of the chart and what its counters see of the rows above. A neighbour is empty in the rows
+// before the one that is told, so that a counter that wants it counts nothing there.
+struct TrendRows {
+    std::span<const int> listed;  // the reds in the order of their list
+    RedSet cur;
+    int blue = 0;
+    RedSet prev;  // one row above, from row 2 on
+    RedSet P1;    // the same from row 3 on: P1 and P2 come together
+    RedSet P2;    // two rows above, from row 3 on
+    RedSet P3;    // three rows above, from row 4 on
+    RedSet P4;    // four rows above, from row 5 on
+};
+
 struct TrendCounter {
     const char* heading;
+    int (*count)(const TrendRows& rows);
     int leadRows = 0;    // rows at the start that its rate leaves out; given, not derived
     int commonUpTo = 0;  // the pattern occurs in a row whose count is above this
 };
 
-inline constexpr std::array<TrendCounter, 32> kTrendCounters{{
-    {"跳1", 2},     {"跳2", 3},    {"跳3", 4},    {"边1", 1},   {"边2", 1},   {"边3", 1},
-    {"横跳", 0},    {"重号", 1},   {"连号", 0},   {"对望", 0},  {"斜3", 3},   {"尾组", 0, 3},
-    {"重尾", 1, 1}, {"红蓝", 0},   {"><", 2},     {"∨", 1},     {"∧", 1},     {"┌", 1},
-    {"┐", 1},       {"1∨", 2},     {"2∨", 3},     {"菱形", 3},  {"重斜", 3},  {"连斜", 2},
-    {"横跳斜", 2},  {"竖跳斜", 4}, {"隔期边", 2}, {"1等距", 1}, {"间距3", 0}, {"2等距", 0},
-    {"间距5", 0},   {"01距", 0},
-}};
+extern const std::array<TrendCounter, 32> kTrendCounters;
 
-using TrendCounts = std::array<int, kTrendCounters.size()>;
-
-// What the counters need of a draw.
-struct CountedDraw {
-    std::vector<int> listed;  // the reds in the order of their list
-    RedSet set;
-    int blue = 0;
-};
-
-CountedDraw CountedDrawOf(std::string_view redList, int blue);
+using TrendCounts = std::array<int, 32>;
 
 // The counts of row `row` of the chart, counted from 1 for the first draw of the series.
-TrendCounts CountRow(std::span<const CountedDraw> draws, int row);
+TrendCounts CountRow(std::span<const Draw> draws, int row);
 
 }  // namespace ssq

@@ -198,8 +198,7 @@ int HasGapPattern(RedSequence cur, std::string_view pattern) {
 }
 
 std::string SortNumberList(std::string_view list) {
-    std::vector<int> numbers;
-    for (const std::string& item : Split(list, ",")) numbers.push_back(static_cast<int>(Val(item)));
+    std::vector<int> numbers = IntList(list);
     std::sort(numbers.begin(), numbers.end());
     std::vector<std::string> items;
     items.reserve(numbers.size());

@@ -32,10 +32,10 @@ frmZST::frmZST(const PanelContext& context, QWidget* parent)
 }
 
 bool frmZST::Analyse() {
-    MainTrendChart chart;
-    if (!BuildMainTrendChart(session(), range(), cboZtype_->currentIndex(), chart)) return false;
-    pickRowList_ = std::move(chart.pickRowList);
-    return Show(GridReport{std::move(chart.grid), std::move(chart.caption)});
+    auto chart = BuildMainTrendChart(session(), range(), cboZtype_->currentIndex());
+    if (!chart) return false;
+    pickRowList_ = std::move(chart->pickRowList);
+    return Show(std::move(chart->report));
 }
 
 }  // namespace ssq

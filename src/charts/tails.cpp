@@ -18,18 +18,16 @@ std::size_t ZoneOf(int digit) {
 
 }  // namespace
 
-TailDigits TailsOf(std::span<const int> numbers) {
+TailDigits TailsOf(const std::array<int, 6>& numbers) {
     TailDigits tails{};
-    for (std::size_t i = 0; i < std::min(numbers.size(), tails.size()); ++i) {
-        tails[i] = numbers[i] % 10;
-    }
+    std::transform(numbers.begin(), numbers.end(), tails.begin(), TailDigit);
     return tails;
 }
 
 TailAttributes AttributesOf(const TailDigits& tails) {
     TailAttributes result;
     for (const int digit : tails) {
-        const auto d = static_cast<std::size_t>(digit);
+        const auto d = static_cast<std::size_t>(TailDigit(digit));
         ++result.hits[d];
         result.sum += digit;
         ++(digit % 2 == 0 ? result.even : result.odd);

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <array>
-#include <span>
 #include <string>
 
 namespace ssq {
@@ -10,8 +9,13 @@ namespace ssq {
 // The tail digits (0 to 9) of six numbers, position by position.
 using TailDigits = std::array<int, 6>;
 
-// Of the first six numbers; missing positions have the tail 0.
-TailDigits TailsOf(std::span<const int> numbers);
+// The last digit of a number, whatever its sign.
+constexpr int TailDigit(int number) {
+    const int tail = number % 10;
+    return tail < 0 ? -tail : tail;
+}
+
+TailDigits TailsOf(const std::array<int, 6>& numbers);
 
 struct TailAttributes {
     std::array<int, 10> hits{};  // numbers that end in each digit

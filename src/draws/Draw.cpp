@@ -11,7 +11,8 @@ namespace ssq {
 
 namespace {
 
-constexpr const char* kFields = "kjqh,kjhm,cqsx,kjDate,a1,a2,a3,a4,a5,a6,a7";
+constexpr const char* kDraws = "kjqh,kjhm,cqsx,kjDate,a1,a2,a3,a4,a5,a6,a7 from cphm";
+constexpr const char* kDrawsInDrawnOrder = "kjqh,kjhm,null,null,a1,a2,a3,a4,a5,a6,a7 from vcphm";
 constexpr int kFirstBallField = 4;
 constexpr int kBlueField = kFirstBallField + kRedsInDraw;
 
@@ -29,13 +30,10 @@ Draw ReadRow(const Recordset& rows) {
     return draw;
 }
 
-// `top` and `rest` stand before and behind the fields of the select.
-std::optional<std::vector<Draw>> Read(Session& session, const std::string& top,
-                                      const std::string& rest) {
+// `sql` stands behind the word select.
+std::optional<std::vector<Draw>> Read(Session& session, const std::string& sql) {
     Recordset rows;
-    if (!QueryOrTell(session, "Select " + top + kFields + " from cphm" + rest, rows)) {
-        return std::nullopt;
-    }
+    if (!QueryOrTell(session, "Select " + sql, rows)) return std::nullopt;
     std::vector<Draw> draws;
     draws.reserve(static_cast<std::size_t>(rows.recordcount()));
     for (; !rows.eof(); rows.MoveNext()) draws.push_back(ReadRow(rows));
@@ -44,8 +42,12 @@ std::optional<std::vector<Draw>> Read(Session& session, const std::string& top,
 
 std::optional<std::vector<Draw>> ReadNewest(Session& session, const std::string& comparison,
                                             const std::string& issue, int count) {
-    return Read(session, "top " + std::to_string(count) + " ",
-                " where kjqh" + comparison + issue + " order by kjqh desc");
+    return Read(session, "top " + std::to_string(count) + " " + kDraws + " where kjqh" +
+                             comparison + issue + " order by kjqh desc");
+}
+
+std::string ConditionOf(const PeriodRange& range) {
+    return "kjqh>=" + range.start + " and kjqh<=" + range.end;
 }
 
 }  // namespace
@@ -53,20 +55,27 @@ std::optional<std::vector<Draw>> ReadNewest(Session& session, const std::string&
 DrawBalls BallsOf(std::string_view reds) {
     DrawBalls balls{};
     std::size_t at = 0;
-    for (const std::string& item : Split(reds, ",")) {
-        const std::int64_t number = WholePart(item);
-        if (at < balls.size()) balls[at++] = number >= 0 && number < 100 ? ToInt(number) : 0;
+    for (const int number : IntList(reds)) {
+        if (at < balls.size()) balls[at++] = number >= 0 && number < 100 ? number : 0;
     }
     return balls;
 }
 
 std::optional<std::vector<Draw>> ReadDraws(Session& session, const PeriodRange& range) {
-    return Read(session, {},
-                " where kjqh>=" + range.start + " and kjqh<=" + range.end + " order by kjqh asc");
+    return ReadDrawsWhere(session, ConditionOf(range));
+}
+
+std::optional<std::vector<Draw>> ReadDrawsWhere(Session& session, const std::string& condition) {
+    return Read(session, std::string(kDraws) + " where " + condition + " order by kjqh asc");
+}
+
+std::optional<std::vector<Draw>> ReadDrawsInDrawnOrder(Session& session, const PeriodRange& range) {
+    return Read(session, std::string(kDrawsInDrawnOrder) + " where " + ConditionOf(range) +
+                             " order by kjqh asc");
 }
 
 std::optional<std::vector<Draw>> ReadAllDraws(Session& session) {
-    return Read(session, {}, " order by kjqh asc");
+    return Read(session, std::string(kDraws) + " order by kjqh asc");
 }
 
 std::optional<std::vector<Draw>> ReadDrawsBefore(Session& session, const std::string& issue,
@@ -80,28 +89,33 @@ std::optional<std::vector<Draw>> ReadDrawsUpTo(Session& session, const std::stri
 }
 
 bool InsertDraw(Connection& connection, const NewDraw& draw, std::string& errorText) {
-    Recordset newest;
-    if (!connection.OpenQuery("Select Max(qid) from cphm", errorText, newest)) return false;
     const auto date = ParseDate(draw.date);
     if (!date) {
         errorText = draw.date + "不是日期！";
         return false;
     }
+    Recordset rows;
+    if (!connection.OpenQuery("Select Max(qid) from cphm", {}, errorText, rows)) return false;
     std::vector<std::string> reds;
-    std::string balls;
+    Values values{rows.Int(0) + 1, std::int64_t{draw.issue}, std::string()};
     for (const int ball : draw.balls) {
         reds.push_back(TwoDigits(ball));
-        balls += std::to_string(ball) + ",";
+        values.emplace_back(std::int64_t{ball});
     }
-    const std::string drawn = draw.drawn.empty() ? "null" : "'" + draw.drawn + "'";
-    Recordset nothing;
+    values[2] = Join(reds, ",");
+    values.emplace_back(std::int64_t{draw.blue});
+    values.emplace_back(draw.date);
+    values.emplace_back(std::int64_t{Weekday(*date)});
+    values.emplace_back(WholePart(LunarDay(LunarText(draw.date))));
+    if (draw.drawn.empty()) {
+        values.emplace_back(std::monostate{});
+    } else {
+        values.emplace_back(draw.drawn);
+    }
     return connection.OpenQuery(
-        "Insert into cphm(qid,kjqh,kjhm,a1,a2,a3,a4,a5,a6,a7,kjDate,kjWeek,nnDate,cqsx) values(" +
-            std::to_string(newest.Int(0) + 1) + "," + std::to_string(draw.issue) + ",'" +
-            Join(reds, ",") + "'," + balls + std::to_string(draw.blue) + ",'" + draw.date + "'," +
-            std::to_string(Weekday(*date)) + "," + LunarDay(LunarText(draw.date)) + "," + drawn +
-            ")",
-        errorText, nothing);
+        "Insert into cphm(qid,kjqh,kjhm,a1,a2,a3,a4,a5,a6,a7,kjDate,kjWeek,nnDate,cqsx) "
+        "values(?,?,?,?,?,?,?,?,?,?,?,?,?,?)",
+        values, errorText, rows);
 }
 
 }  // namespace ssq

@@ -52,6 +52,13 @@ struct Draw {
 // The draws of the range, oldest first; nothing after showing the store's error text.
 std::optional<std::vector<Draw>> ReadDraws(Session& session, const PeriodRange& range);
 
+// The draws for which a condition of the store's dialect holds, oldest first.
+std::optional<std::vector<Draw>> ReadDrawsWhere(Session& session, const std::string& condition);
+
+// The draws of the range with their balls in drawn order, in the order of the source where that is
+// not known; without date and drawn text.
+std::optional<std::vector<Draw>> ReadDrawsInDrawnOrder(Session& session, const PeriodRange& range);
+
 // All draws, oldest first.
 std::optional<std::vector<Draw>> ReadAllDraws(Session& session);
 

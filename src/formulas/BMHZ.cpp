@@ -5,6 +5,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "draws/AppendMissing.h"
 #include "draws/Public_var.h"
 #include "draws/queries.h"
 #include "store/WriteBatch.h"
@@ -15,38 +16,17 @@ namespace ssq {
 namespace {
 
 // The last issue that has fewer than ten draws before it.
-constexpr const char* kLastWithoutTen = "2003011";
+constexpr std::int64_t kLastWithoutTen = 2003011;
 
 int RaisedInRing(int number, int offset) {
     const int raised = number + offset;
     return raised > RedSet::kLargest ? raised - RedSet::kLargest : raised;
 }
 
-// The newest issue of the table; 0 while it is empty, negative after a failure that was shown.
-std::int64_t LastEdgeIssue(Session& session) {
-    Recordset rows;
-    if (!QueryOrTell(session, "Select max(kjqh) from bmhz ", rows)) return -1;
-    return rows.eof() ? 0 : rows.Int(0);
-}
-
-// Appends the rows of the draws in `missing`, oldest first. Another run can have appended rows
-// whenever the event loop had control, so each step asks how far the table has come.
-bool AppendEdgeRows(Session& session, Recordset& missing) {
-    EarlierDraws earlier;
-    if (!missing.eof() && !earlier.ReadBefore(session, missing.Text("kjqh"))) return false;
-    WriteBatch batch(session.host, session.connection);
-    for (; !missing.eof(); missing.MoveNext()) {
-        if (!session.host.Yield()) return false;
-        const std::int64_t last = LastEdgeIssue(session);
-        if (last < 0) return false;
-        const std::string drawText = missing.Text("kjhm");
-        if (missing.Int("kjqh") > last &&
-            !AddEdgeRow(session, missing.Text("kjqh"), drawText, earlier)) {
-            return false;
-        }
-        earlier.Push(drawText);
-    }
-    return true;
+std::string InsertStatement() {
+    std::string marks = "?,?";
+    for (int index = 0; index < kFormulaCount; ++index) marks += ",?";
+    return "Insert into BMHZ(kjqh,kjhm," + FormulaColumns() + ") values(" + marks + ")";
 }
 
 }  // namespace
@@ -91,10 +71,8 @@ std::string ShiftDraw(const std::string& target, const std::string& source, int 
 bool EarlierDraws::ReadBefore(Session& session, const std::string& issue) {
     draws_.clear();
     Recordset rows;
-    if (!QueryOrTell(
-            session,
-            "Select top 10 kjhm,kjqh from cphm where kjqh<" + issue + " order by kjqh desc",
-            rows)) {
+    if (!QueryOrTell(session, "Select top 10 kjhm,kjqh from cphm where kjqh<? order by kjqh desc",
+                     {issue}, rows)) {
         return false;
     }
     for (; !rows.eof(); rows.MoveNext()) {
@@ -118,53 +96,47 @@ bool CreateEdgeTable(Session& session) {
            CommitOrTell(session, batch);
 }
 
-bool AddEdgeRow(Session& session, const std::string& issue, const std::string& drawText,
-                const EarlierDraws& earlier) {
-    if (!earlier.full()) {
+bool AddEdgeRow(Session& session, std::span<const Draw> upTo) {
+    if (upTo.size() <= kFormulaDraws) {
         session.host.ShowMessage("数据不足！");
         return false;
     }
-    static const std::string kColumns = FormulaColumns();
-    const RedSet target = RedSet::FromList(drawText);
-    std::string sql =
-        "Insert into BMHZ(kjqh,kjhm," + kColumns + ") values(" + issue + ",'" + drawText + "'";
-    for (int index = 0; index < kFormulaCount; ++index) {
-        const ShiftFormula formula = FormulaAt(index);
-        const RedSet source = earlier.Before(formula.q).reds;
-        sql += ',';
-        sql += std::to_string(ShiftHits(target, source, formula.b, ShiftMode::kMinus));
+    static const std::string kInsert = InsertStatement();
+    const Draw& draw = upTo.back();
+    Values values = {draw.issue, draw.reds};
+    values.reserve(values.size() + kFormulaCount);
+    for (int q = 1; q <= kFormulaDraws; ++q) {
+        const RedSet source = upTo[upTo.size() - 1 - static_cast<std::size_t>(q)].set;
+        for (int b = 1; b <= kFormulaOffsets; ++b) {
+            values.emplace_back(ShiftHits(draw.set, source, b, ShiftMode::kMinus));
+        }
     }
-    return ExecuteOrTell(session, sql + ")");
+    return ExecuteOrTell(session, kInsert, values);
 }
 
 bool EnsureEdgeTable(Session& session) {
     if (!TableExists(session, "BMHZ") && !CreateEdgeTable(session)) return false;
-    const std::int64_t last = LastEdgeIssue(session);
-    if (last < 0) return false;
-    Recordset missing;
-    return QueryOrTell(session,
-                       "Select kjqh,kjhm from cphm where kjqh>" + std::to_string(last) +
-                           " and  kjqh>" + kLastWithoutTen + " order by kjqh asc",
-                       missing) &&
-           AppendEdgeRows(session, missing);
+    return AppendMissing(session, "BMHZ", kLastWithoutTen,
+                         [&](std::span<const Draw> upTo) { return AddEdgeRow(session, upTo); });
 }
 
 int RenumberEdgeTable(Session& session, const std::string& endIssue) {
+    const std::string places =
+        "(select kjqh as issue,qid as old,row_number() over (order by kjqh) as place "
+        "from bmhz where kjqh<=?)";
     Recordset rows;
-    if (!QueryOrTell(session,
-                     "Select kjqh,qid from bmhz where kjqh<=" + endIssue + " order by kjqh asc",
+    if (!QueryOrTell(session, "Select count(*),sum(old is not place) from " + places, {endIssue},
                      rows)) {
         return 0;
     }
-    WriteBatch batch(session.host, session.connection);
-    for (int position = 1; !rows.eof(); rows.MoveNext(), ++position) {
-        if (rows.Int("qid") == position) continue;
-        if (!ExecuteOrTell(session, "Update bmhz set qid=" + std::to_string(position) +
-                                        "  where kjqh=" + rows.Text("kjqh"))) {
-            return 0;
-        }
+    const bool inPlace = rows.Int(1) == 0;
+    if (!inPlace && !ExecuteOrTell(session,
+                                   "Update bmhz set qid=place from " + places +
+                                       " where kjqh=issue and old is not place",
+                                   {endIssue})) {
+        return 0;
     }
-    return rows.recordcount();
+    return static_cast<int>(rows.Int(0));
 }
 
 }  // namespace ssq

@@ -3,12 +3,14 @@
 
 #include <cstdint>
 #include <deque>
+#include <span>
 #include <string>
 
 #include "base/RedSet.h"
 
 namespace ssq {
 
+struct Draw;
 struct Session;
 
 // A shifting formula (Q, B) takes the Q-th draw before a draw (by row order of cphm, 1 = the one
@@ -81,14 +83,13 @@ class EarlierDraws {
 // Creates the table with its column qid; false after showing the store's error text.
 bool CreateEdgeTable(Session& session);
 
-// Inserts the row of one draw. False after showing "数据不足！" (fewer than ten earlier draws) or
-// the store's error text.
-bool AddEdgeRow(Session& session, const std::string& issue, const std::string& drawText,
-                const EarlierDraws& earlier);
+// Inserts the row of the last of the draws given, oldest first. False after showing "数据不足！"
+// (fewer than ten earlier draws) or the store's error text.
+bool AddEdgeRow(Session& session, std::span<const Draw> upTo);
 
-// Creates the table where it is missing and appends a row for each draw behind its last one.
-// False after a failure that has been shown, or when the program is being closed; the rows
-// inserted so far stay.
+// Creates the table where it is missing and inserts a row for each draw that has none. False after
+// a failure that has been shown, or when the program is being closed; the rows inserted so far
+// stay.
 bool EnsureEdgeTable(Session& session);
 
 // Leaves qid equal to 1, 2, 3 ... over the rows up to `endIssue` in the order of issues and

@@ -9,7 +9,7 @@
 #include "kill/KillSettings.h"
 #include "kill/frmSHAMAxuexi.h"
 #include "kill/frmSHAMAxxjl.h"
-#include "ui/qt/GridCopy.h"
+#include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/form.h"
 

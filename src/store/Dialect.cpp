@@ -250,6 +250,14 @@ bool BeginsOperand(const Token& token) {
     return token.kind != Token::Kind::kSign || token.Is("(") || token.Is("-") || token.Is("+");
 }
 
+// Whether the select at this token continues another one, to which a sort behind it belongs.
+bool ContinuesSelect(const Tokens& tokens, std::size_t select) {
+    constexpr std::array<std::string_view, 4> kJoining = {"union", "intersect", "except", "all"};
+    std::size_t at = select;
+    while (at > 0 && tokens[at - 1].kind == Token::Kind::kBlank) --at;
+    return at > 0 && tokens[at - 1].IsOneOf(kJoining);
+}
+
 void TranslateMod(Tokens& tokens) {
     const Token* previous = nullptr;
     for (std::size_t at = 0; at < tokens.size(); ++at) {
@@ -284,7 +292,9 @@ std::string TranslateStatement(std::string_view sql,
     TranslateMod(tokens);
     // Inner selects first: an outer one can repeat their text.
     for (std::size_t at = tokens.size(); at-- > 0;) {
-        if (tokens[at].Is("select")) Select(tokens, at + 1).Translate(isTable);
+        if (tokens[at].Is("select") && !ContinuesSelect(tokens, at)) {
+            Select(tokens, at + 1).Translate(isTable);
+        }
     }
     return TextOf(tokens, 0, tokens.size());
 }

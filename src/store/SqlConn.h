@@ -74,7 +74,7 @@ class Connection {
 
     std::unique_ptr<sqlite3, StoreCloser> database_;
     std::unordered_map<std::string, Statement> kept_;  // ends before the database does
-    std::filesystem::path lockedFile_;  // to be tried again
+    std::filesystem::path lockedFile_;                 // to be tried again
     std::string closedText_;
     std::string refusal_;
 };

@@ -91,8 +91,8 @@ std::vector<int> ColWidths(const ResultGrid& grid, const GridMetrics& metrics) {
 
 }  // namespace
 
-GridAxis::GridAxis(const std::vector<int>& sizes, int fixed)
-    : fixed_(std::clamp(fixed, 0, static_cast<int>(sizes.size()))) {
+GridAxis::GridAxis(const std::vector<int>& sizes, int fixed, Scrolling scrolling)
+    : fixed_(std::clamp(fixed, 0, static_cast<int>(sizes.size()))), scrolling_(scrolling) {
     starts_.reserve(sizes.size() + 1);
     for (const int size : sizes) starts_.push_back(starts_.back() + size);
 }
@@ -138,14 +138,32 @@ std::array<GridAxis::Strip, 2> GridAxis::Strips(int scroll, int viewExtent) cons
 
 int GridAxis::MaxScroll(int viewExtent) const {
     const int body = extent() - fixedExtent();
-    return body == 0 ? 0 : std::max(0, body - std::max(0, viewExtent - fixedExtent()));
+    if (body == 0) return 0;
+    return SettledUp(std::max(0, body - std::max(0, viewExtent - fixedExtent())));
+}
+
+// The scroll from there on where a cell begins, at most the last one's beginning.
+int GridAxis::SettledUp(int scroll) const {
+    if (scrolling_ == Scrolling::kSmooth) return scroll;
+    const auto lastStart = starts_.end() - 2;
+    const auto next = std::lower_bound(starts_.begin() + fixed_, lastStart, scroll + fixedExtent());
+    return *next - fixedExtent();
+}
+
+int GridAxis::Settled(int scroll) const {
+    if (scrolling_ == Scrolling::kSmooth || fixed_ >= count()) return scroll;
+    const int up = SettledUp(scroll);
+    const int index = IndexAtContent(std::clamp(scroll + fixedExtent(), 0, extent() - 1));
+    const int down = starts_[At(std::max(index, fixed_))] - fixedExtent();
+    return scroll - down < up - scroll ? down : up;
 }
 
 int GridAxis::ScrollToShow(int index, int scroll, int viewExtent) const {
     if (index < fixed_ || index >= count()) return scroll;
     const int begin = starts_[At(index)] - fixedExtent();
     const int end = starts_[At(index) + 1] - viewExtent;
-    return std::clamp(std::min(begin, std::max(scroll, end)), 0, MaxScroll(viewExtent));
+    const int nearest = std::min(begin, SettledUp(std::max(scroll, end)));
+    return std::clamp(nearest, 0, MaxScroll(viewExtent));
 }
 
 int GridAxis::First() const {
@@ -162,9 +180,9 @@ int GridAxis::Last() const {
     return -1;
 }
 
-int GridAxis::Step(int index, int direction) const {
-    if (index < fixed_) return First();
-    for (int next = index + direction; next >= fixed_ && next < count(); next += direction) {
+int GridAxis::Step(int index, int direction, int least) const {
+    if (index < least) return First();
+    for (int next = index + direction; next >= least && next < count(); next += direction) {
         if (Shown(next)) return next;
     }
     if (Shown(index)) return index;
@@ -179,12 +197,12 @@ int GridAxis::PageFrom(int index, int distance) const {
     const int pixel =
         std::clamp(starts_[At(from)] + distance, starts_[At(first)], starts_[At(last)]);
     const int reached = IndexAtContent(pixel);
-    return reached == from ? Step(from, distance < 0 ? -1 : 1) : reached;
+    return reached == from ? Step(from, distance < 0 ? -1 : 1, fixed_) : reached;
 }
 
 GridGeometry::GridGeometry(const ResultGrid& grid, const GridMetrics& metrics)
-    : rows_(RowHeights(grid, metrics), grid.fixedRows()),
-      cols_(ColWidths(grid, metrics), grid.fixedCols()),
+    : rows_(RowHeights(grid, metrics), grid.fixedRows(), GridAxis::Scrolling::kWholeCells),
+      cols_(ColWidths(grid, metrics), grid.fixedCols(), GridAxis::Scrolling::kSmooth),
       merges_(MergedFixedCells(grid)) {}
 
 CellRange GridGeometry::MergedAround(int row, int col) const {

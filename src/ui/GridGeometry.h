@@ -44,9 +44,12 @@ class GridAxis {
         int end = 0;
     };
 
+    // Whether scrolling ends anywhere or only where a body cell begins.
+    enum class Scrolling { kSmooth, kWholeCells };
+
     GridAxis() = default;
     // `sizes` in pixels, 0 for a hidden cell; the first `fixed` of them do not scroll.
-    GridAxis(const std::vector<int>& sizes, int fixed);
+    GridAxis(const std::vector<int>& sizes, int fixed, Scrolling scrolling);
 
     int count() const { return static_cast<int>(starts_.size()) - 1; }
     int fixed() const { return fixed_; }
@@ -69,14 +72,19 @@ class GridAxis {
     // The fixed cells in view and the body cells in view.
     std::array<Strip, 2> Strips(int scroll, int viewExtent) const;
 
+    // The scroll that shows the last cell whole.
     int MaxScroll(int viewExtent) const;
+
+    // The scroll to show when `scroll` is asked for: itself, or where the nearest cell begins.
+    int Settled(int scroll) const;
 
     // The scroll nearest to `scroll` that brings a body cell into view.
     int ScrollToShow(int index, int scroll, int viewExtent) const;
 
-    // The body cell that a key reaches from `index`: hidden cells are passed over, the end of the
-    // grid stops. -1 when no body cell shows.
-    int Step(int index, int direction) const;
+    // The cell from `least` on that a key reaches from `index`: hidden cells are passed over, the
+    // end of the grid stops. -1 when no body cell shows.
+    int Step(int index, int direction, int least) const;
+    // The first and last body cell that show, -1 without one.
     int First() const;
     int Last() const;
 
@@ -87,9 +95,11 @@ class GridAxis {
     static std::size_t At(int index) { return static_cast<std::size_t>(index); }
     bool Shown(int index) const { return index >= 0 && index < count() && size(index) > 0; }
     int IndexAtContent(int pixel) const;
+    int SettledUp(int scroll) const;
 
     std::vector<int> starts_{0};  // prefix sums, one more than there are cells
     int fixed_ = 0;
+    Scrolling scrolling_ = Scrolling::kSmooth;
 };
 
 // What the geometry takes from the screen and its fonts.

@@ -21,15 +21,16 @@ void EraseFrom(Set& set, int first) {
 }  // namespace
 
 ResultGrid::ResultGrid(int rows, int cols, int fixedRows, int fixedCols)
-    : cols_(cols), fixedRows_(fixedRows), fixedCols_(fixedCols) {
+    : cols_(std::max(cols, 0)), fixedRows_(fixedRows), fixedCols_(fixedCols) {
     SetRows(rows);
 }
 
 void ResultGrid::SetRows(int rows) {
     rows_ = std::max(rows, 0);
     const auto size = static_cast<std::size_t>(rows_) * static_cast<std::size_t>(cols_);
-    cells_.resize(size);
-    styleOf_.resize(size, 0);
+    DropTexts(size);
+    textOf_.resize(size);
+    styleOf_.resize(size);
     EraseFrom(rowHeights_, rows_);
     EraseFrom(mergeRows_, rows_);
     KeepSelectionInside();
@@ -42,11 +43,33 @@ int ResultGrid::AddRow() {
 
 const std::string& ResultGrid::cell(int row, int col) const {
     static const std::string kEmpty;
-    return Inside(row, col) ? cells_[At(row, col)] : kEmpty;
+    const std::uint32_t place = Inside(row, col) ? textOf_[At(row, col)] : 0;
+    return place > 0 ? texts_[place - 1] : kEmpty;
 }
 
 void ResultGrid::SetCell(int row, int col, std::string text) {
-    if (Inside(row, col)) cells_[At(row, col)] = std::move(text);
+    if (!Inside(row, col)) return;
+    std::uint32_t& place = textOf_[At(row, col)];
+    if (place == 0 && text.empty()) return;
+    if (place > 0) {
+        texts_[place - 1] = std::move(text);
+    } else if (!freeTexts_.empty()) {
+        place = freeTexts_.back();
+        freeTexts_.pop_back();
+        texts_[place - 1] = std::move(text);
+    } else {
+        texts_.push_back(std::move(text));
+        place = static_cast<std::uint32_t>(texts_.size());
+    }
+}
+
+// The texts of the cells from there on make room for others.
+void ResultGrid::DropTexts(std::size_t from) {
+    for (std::size_t cell = from; cell < textOf_.size(); ++cell) {
+        if (textOf_[cell] == 0) continue;
+        texts_[textOf_[cell] - 1].clear();
+        freeTexts_.push_back(textOf_[cell]);
+    }
 }
 
 double ResultGrid::CellVal(int row, int col) const {
@@ -97,7 +120,7 @@ std::optional<int> ResultGrid::rowHeight(int row) const {
 }
 
 void ResultGrid::SetRowHeight(int row, int twips) {
-    if (row >= 0 && row < rows_) rowHeights_[row] = twips;
+    if (InsideRow(row)) rowHeights_[row] = twips;
 }
 
 void ResultGrid::SetAllRowHeights(int twips) {
@@ -109,7 +132,7 @@ std::optional<int> ResultGrid::colWidth(int col) const {
 }
 
 void ResultGrid::SetColWidth(int col, int twips) {
-    if (col >= 0 && col < cols_) colWidths_[col] = twips;
+    if (InsideCol(col)) colWidths_[col] = twips;
 }
 
 void ResultGrid::SetColWidths(int first, int last, int twips) {
@@ -126,7 +149,7 @@ Align ResultGrid::alignment(int col) const {
 }
 
 void ResultGrid::SetAlignment(int col, Align alignment) {
-    alignments_[col] = alignment;
+    if (InsideCol(col)) alignments_[col] = alignment;
 }
 
 void ResultGrid::SetAllAlignments(Align alignment) {
@@ -134,11 +157,23 @@ void ResultGrid::SetAllAlignments(Align alignment) {
 }
 
 void ResultGrid::SetHidden(int col, bool hidden) {
-    if (hidden) {
+    if (hidden && InsideCol(col)) {
         hiddenCols_.insert(col);
     } else {
         hiddenCols_.erase(col);
     }
+}
+
+void ResultGrid::SetNames(int first, int last) {
+    for (int col = std::max(first, 0); col <= last && col < cols_; ++col) nameCols_.insert(col);
+}
+
+void ResultGrid::SetMergeRow(int row) {
+    if (InsideRow(row)) mergeRows_.insert(row);
+}
+
+void ResultGrid::SetMergeCol(int col) {
+    if (InsideCol(col)) mergeCols_.insert(col);
 }
 
 void ResultGrid::SetMergeAllCols() {
@@ -151,10 +186,6 @@ void ResultGrid::Select(int row, int col, int rowSel, int colSel) {
     col_ = col;
     rowSel_ = rowSel;
     colSel_ = colSel;
-}
-
-bool ResultGrid::Inside(int row, int col) const {
-    return row >= 0 && row < rows_ && col >= 0 && col < cols_;
 }
 
 std::size_t ResultGrid::At(int row, int col) const {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <map>
 #include <optional>
 #include <set>
@@ -89,11 +90,16 @@ class ResultGrid {
     bool hidden(int col) const { return hiddenCols_.contains(col); }
     void SetHidden(int col, bool hidden);
 
+    // Columns whose texts name something, such as balls, and are no amounts even where all of them
+    // look like numbers. Fixed columns and column 0 always are.
+    bool names(int col) const { return col == 0 || col < fixedCols_ || nameCols_.contains(col); }
+    void SetNames(int first, int last);
+
     // Adjacent fixed cells of equal text in the row or column show as one cell.
     bool mergeRow(int row) const { return mergeRows_.contains(row); }
     bool mergeCol(int col) const { return mergeCols_.contains(col); }
-    void SetMergeRow(int row) { mergeRows_.insert(row); }
-    void SetMergeCol(int col) { mergeCols_.insert(col); }
+    void SetMergeRow(int row);
+    void SetMergeCol(int col);
     void SetMergeAllCols();
 
     // Colours of the whole grid where a cell has none of its own; the fixed cells keep the
@@ -112,8 +118,11 @@ class ResultGrid {
     void Select(int row, int col, int rowSel, int colSel);
 
   private:
-    bool Inside(int row, int col) const;
+    bool InsideRow(int row) const { return row >= 0 && row < rows_; }
+    bool InsideCol(int col) const { return col >= 0 && col < cols_; }
+    bool Inside(int row, int col) const { return InsideRow(row) && InsideCol(col); }
     std::size_t At(int row, int col) const;
+    void DropTexts(std::size_t from);
     void SetStyle(int row, int col, CellStyle style);
     void KeepSelectionInside();
 
@@ -125,8 +134,11 @@ class ResultGrid {
     int col_ = -1;
     int rowSel_ = -1;
     int colSel_ = -1;
-    std::vector<std::string> cells_;      // row after row
-    std::vector<std::uint16_t> styleOf_;  // index into styles_, one per cell
+    // An empty cell costs six bytes. Cells lie row after row.
+    std::vector<std::uint32_t> textOf_;  // place in texts_ counted from 1, 0 for no text
+    std::deque<std::string> texts_;      // a reference to one lives until its cell changes
+    std::vector<std::uint32_t> freeTexts_;
+    std::vector<std::uint16_t> styleOf_;  // index into styles_
     std::vector<CellStyle> styles_{CellStyle{}};
     std::map<CellStyle, std::uint16_t> styleIndex_{{CellStyle{}, 0}};
     std::map<int, int> rowHeights_;
@@ -134,6 +146,7 @@ class ResultGrid {
     std::vector<ColumnRun> evenCols_;
     std::map<int, Align> alignments_;
     std::set<int> hiddenCols_;
+    std::set<int> nameCols_;
     std::set<int> mergeRows_;
     std::set<int> mergeCols_;
 };

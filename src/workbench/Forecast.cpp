@@ -3,7 +3,6 @@
 #include "base/text.h"
 #include "draws/Public_var.h"
 #include "draws/public_fun.h"
-#include "draws/queries.h"
 
 namespace ssq {
 
@@ -36,24 +35,11 @@ std::string NextDraw::HitsHeading() const {
     return ShortIssue(issue_) + "期命中";
 }
 
-bool ReadSourceDraws(Session& session, const std::string& endIssue,
-                     std::vector<std::string>& newestFirst) {
-    Recordset rows;
-    if (!QueryOrTell(session,
-                     "Select top 10 * from cphm where kjqh<=" + endIssue + " order by kjqh desc",
-                     rows)) {
-        return false;
-    }
-    newestFirst.clear();
-    for (; !rows.eof(); rows.MoveNext()) newestFirst.push_back(rows.Text("kjhm"));
-    return true;
-}
-
-std::string ForecastNumbers(const std::vector<std::string>& newestFirst, ShiftFormula formula) {
+std::string ForecastNumbers(const std::vector<Draw>& newestFirst, ShiftFormula formula) {
     const auto draw = static_cast<std::size_t>(formula.q - 1);
     if (draw >= newestFirst.size()) return {};
     int hits = 0;
-    return ShiftDraw(kNoTarget, newestFirst[draw], formula.b, hits, ShiftMode::kMinus);
+    return ShiftDraw(kNoTarget, newestFirst[draw].reds, formula.b, hits, ShiftMode::kMinus);
 }
 
 }  // namespace ssq

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/Regex.h"
+#include "draws/Draw.h"
 #include "formulas/BMHZ.h"
 
 namespace ssq {
@@ -35,13 +36,8 @@ class NextDraw {
     std::optional<Regex> anyRed_;
 };
 
-// The reds of the ten newest draws up to an issue, newest first; fewer where the history is
-// shorter. False after showing the store's error text.
-bool ReadSourceDraws(Session& session, const std::string& endIssue,
-                     std::vector<std::string>& newestFirst);
-
 // The six numbers that a formula names for the draw after the newest one, as comma text; empty
-// where the formula reaches behind the draws given.
-std::string ForecastNumbers(const std::vector<std::string>& newestFirst, ShiftFormula formula);
+// where the formula reaches behind the draws given (at most kFormulaDraws are looked at).
+std::string ForecastNumbers(const std::vector<Draw>& newestFirst, ShiftFormula formula);
 
 }  // namespace ssq

@@ -5,6 +5,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "draws/Public_var.h"
+#include "ui/Host.h"
 #include "workbench/Forecast.h"
 
 namespace ssq {
@@ -84,31 +85,35 @@ FormulaThreshold ThresholdOf(const FormulaFilter& filter, const std::string& tex
     return std::abs(ParseNumber(trimmed).value_or(0));
 }
 
-bool FilterForWorkbench(Session& session, const ResultGrid& statistics, const std::string& endIssue,
-                        const FormulaFilter& filter, const std::string& thresholdText,
-                        FormulaFilterResult& result) {
+std::optional<FilterReport> FilterForWorkbench(Session& session, const ResultGrid& statistics,
+                                               const std::string& endIssue,
+                                               const FormulaFilter& filter,
+                                               const std::string& thresholdText) {
     NextDraw next;
-    if (!ReadNext(session, statistics, endIssue, "没有统计数据！", next)) return false;
-    result.grid = HeadingRow(filter, next.NumbersHeading(), next.HitsHeading());
-    AddAllPassing(result.grid, statistics, filter, ThresholdOf(filter, thresholdText), next);
-    result.resultCaption = std::string("筛选") + filter.captionName + "大于等于" + thresholdText +
-                           " 的公式,共" + Passed(result.grid) + "条数据";
-    return true;
+    if (!ReadNext(session, statistics, endIssue, "没有统计数据！", next)) return std::nullopt;
+    FilterReport report;
+    report.grid = HeadingRow(filter, next.NumbersHeading(), next.HitsHeading());
+    AddAllPassing(report.grid, statistics, filter, ThresholdOf(filter, thresholdText), next);
+    report.caption = std::string("筛选") + filter.captionName + "大于等于" + thresholdText +
+                     " 的公式,共" + Passed(report.grid) + "条数据";
+    return report;
 }
 
-bool FilterForOmissionScreen(Session& session, const ResultGrid& statistics,
-                             const std::string& endIssue, const std::string& condition,
-                             const FormulaFilter& filter, FormulaThreshold threshold,
-                             FormulaFilterResult& result) {
+std::optional<FilterReport> FilterForOmissionScreen(Session& session, const ResultGrid& statistics,
+                                                    const std::string& endIssue,
+                                                    const std::string& condition,
+                                                    const FormulaFilter& filter,
+                                                    FormulaThreshold threshold) {
     NextDraw next;
-    if (!ReadNext(session, statistics, endIssue, "没有数据！", next)) return false;
-    result.issueCaption =
+    if (!ReadNext(session, statistics, endIssue, "没有数据！", next)) return std::nullopt;
+    FilterReport report;
+    report.issueCaption =
         "截至期号：" + endIssue + "   下期期号：" + next.issue() + " 开奖号码：" + next.drawText();
-    result.grid = HeadingRow(filter, "该公式的号码", next.HitsHeading());
-    AddAllPassing(result.grid, statistics, filter, threshold, next);
-    result.resultCaption = "截至：" + endIssue + "期," + condition + "的公式筛选结果,共" +
-                           Passed(result.grid) + "条数据";
-    return true;
+    report.grid = HeadingRow(filter, "该公式的号码", next.HitsHeading());
+    AddAllPassing(report.grid, statistics, filter, threshold, next);
+    report.caption = "截至：" + endIssue + "期," + condition + "的公式筛选结果,共" +
+                     Passed(report.grid) + "条数据";
+    return report;
 }
 
 }  // namespace ssq

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "ui/ResultGrid.h"
+#include "ui/ColumnTable.h"
 #include "workbench/FormulaStatistics.h"
 
 namespace ssq {
@@ -35,22 +35,23 @@ using FormulaThreshold = std::optional<double>;
 // and what is no number counts as 0; the text of a rate counts by its leading number.
 FormulaThreshold ThresholdOf(const FormulaFilter& filter, const std::string& text);
 
-struct FormulaFilterResult {
-    ResultGrid grid;
-    std::string issueCaption;   // the issues that the filter stands on
-    std::string resultCaption;  // how many formulas passed
+// The caption of the report tells how many formulas passed.
+struct FilterReport : GridReport {
+    std::string issueCaption;  // the issues that the filter stands on
 };
 
-// Filters the rows of the statistics grid against the draw after `endIssue`. False after a failure
-// that has been shown; the result is untouched then.
-bool FilterForWorkbench(Session& session, const ResultGrid& statistics, const std::string& endIssue,
-                        const FormulaFilter& filter, const std::string& thresholdText,
-                        FormulaFilterResult& result);
+// Filters the rows of the statistics grid against the draw after `endIssue`; nothing after a
+// failure that has been shown.
+std::optional<FilterReport> FilterForWorkbench(Session& session, const ResultGrid& statistics,
+                                               const std::string& endIssue,
+                                               const FormulaFilter& filter,
+                                               const std::string& thresholdText);
 
 // The same for the omission screen; `condition` is the text of the statistics' condition.
-bool FilterForOmissionScreen(Session& session, const ResultGrid& statistics,
-                             const std::string& endIssue, const std::string& condition,
-                             const FormulaFilter& filter, FormulaThreshold threshold,
-                             FormulaFilterResult& result);
+std::optional<FilterReport> FilterForOmissionScreen(Session& session, const ResultGrid& statistics,
+                                                    const std::string& endIssue,
+                                                    const std::string& condition,
+                                                    const FormulaFilter& filter,
+                                                    FormulaThreshold threshold);
 
 }  // namespace ssq

@@ -9,7 +9,8 @@
 #include "base/numbers.h"
 #include "draws/Public_var.h"
 #include "draws/queries.h"
-#include "formulas/BMHZ.h"
+#include "ui/Host.h"
+#include "ui/Run.h"
 #include "workbench/Forecast.h"
 
 namespace ssq {
@@ -74,7 +75,10 @@ ResultGrid EmptyGrid(const NextDraw& next) {
     return grid;
 }
 
-void FillRow(ResultGrid& grid, int row, const FormulaStats& stats, int total) {
+void FillRow(ResultGrid& grid, int row, const FormulaRow& formula, int total,
+             const NextDraw& next) {
+    const FormulaStats& stats = formula.stats;
+    grid.SetCell(row, kKeyColumn, FormulaKey(formula.formula));
     const auto set = [&](int col, double value) { grid.SetCell(row, col, NumberText(value)); };
     set(kCountColumn, stats.count);
     set(kRateColumn, Percent(stats.count, total));
@@ -82,6 +86,18 @@ void FillRow(ResultGrid& grid, int row, const FormulaStats& stats, int total) {
     set(kMaxGapColumn, stats.maxGap);
     set(kRunColumn, stats.CurrentRun(total));
     set(kGapColumn, stats.CurrentGap(total));
+    grid.SetCell(row, kNumbersColumn, formula.numbers);
+    grid.SetCell(row, kHitsColumn, next.HitsOf(formula.numbers));
+}
+
+bool BringEdgeTableLevel(Session& session) {
+    if (!session.connection.isOpen()) {
+        session.host.ShowMessage("数据库错误！");
+        return false;
+    }
+    if (EnsureEdgeTable(session)) return true;
+    session.host.ShowMessage("汇总数据出错！");
+    return false;
 }
 
 }  // namespace
@@ -115,44 +131,32 @@ void SetUpFormulaColumns(ResultGrid& grid) {
     for (const char* heading : kHeadings) grid.SetCell(0, col++, heading);
 }
 
-bool PrepareFormulaStatistics(Session& session) {
-    if (!session.connection.isOpen()) {
-        session.host.ShowMessage("数据库错误！");
-        return false;
-    }
-    if (EnsureEdgeTable(session)) return true;
-    session.host.ShowMessage("汇总数据出错！");
-    return false;
-}
-
-bool FormulaStatistics(Session& session, const FormulaCondition& condition,
-                       const std::string& endIssue, const ProgressText& percent,
-                       FormulaStatisticsResult& result) {
+std::optional<FormulaReport> FormulaStatistics(Session& session, const FormulaCondition& condition,
+                                               const std::string& endIssue, Run& run) {
+    run.Tell("0");
+    if (!BringEdgeTableLevel(session)) return std::nullopt;
+    FormulaReport report;
     NextDraw next;
-    if (!next.ReadAfter(session, endIssue)) return false;
-    result.nextDrawLine = " 下期期号：" + next.issue() + "  下期开奖号码：" + next.drawText();
-    std::vector<std::string> draws;
-    if (!ReadSourceDraws(session, endIssue, draws)) return false;
-
-    result.grid = EmptyGrid(next);
+    if (!next.ReadAfter(session, endIssue)) return std::nullopt;
+    report.nextDrawLine = " 下期期号：" + next.issue() + "  下期开奖号码：" + next.drawText();
+    const auto draws = ReadDrawsUpTo(session, endIssue, kFormulaDraws);
+    if (!draws) return std::nullopt;
     const int total = RenumberEdgeTable(session, endIssue);
     AllStats all;
-    if (total > 0 && !WalkHistory(session, condition, endIssue, all)) return false;
+    if (total > 0 && !WalkHistory(session, condition, endIssue, all)) return std::nullopt;
+
+    report.grid = EmptyGrid(next);
     int row = 1;
     for (int index = 0; index < kFormulaCount; ++index) {
+        report.grid.SetRowHeight(row, kRowHeight);
+        if (!run.Step(row, kFormulaCount)) return std::nullopt;
         const FormulaStats& stats = all[static_cast<std::size_t>(index)];
-        result.grid.SetRowHeight(row, kRowHeight);
-        percent(NumberText(Percent(row, kFormulaCount)));
         if (stats.count == 0) continue;
         const ShiftFormula formula = FormulaAt(index);
-        const std::string numbers = ForecastNumbers(draws, formula);
-        result.grid.SetCell(row, kKeyColumn, FormulaKey(formula));
-        FillRow(result.grid, row, stats, total);
-        result.grid.SetCell(row, kNumbersColumn, numbers);
-        result.grid.SetCell(row, kHitsColumn, next.HitsOf(numbers));
-        ++row;
+        report.rows.push_back({formula, stats, ForecastNumbers(*draws, formula)});
+        FillRow(report.grid, row++, report.rows.back(), total, next);
     }
-    return true;
+    return report;
 }
 
 }  // namespace ssq

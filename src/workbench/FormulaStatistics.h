@@ -3,13 +3,16 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
+#include <vector>
 
-#include "ui/Host.h"
+#include "formulas/BMHZ.h"
 #include "ui/ResultGrid.h"
 
 namespace ssq {
 
+class Run;
 struct Session;
 
 inline constexpr std::array kComparisons = {"<=", ">=", "=", ">", "<"};
@@ -51,24 +54,27 @@ enum FormulaColumn {
     kStatisticsColumns,
 };
 
-struct FormulaStatisticsResult {
-    std::string nextDrawLine;  // set as soon as the next draw is known
-    ResultGrid grid;           // without rows until the run has begun
+// A row of the statistics, as numbers.
+struct FormulaRow {
+    ShiftFormula formula;
+    FormulaStats stats;
+    std::string numbers;  // that the formula names for the next draw
+};
+
+struct FormulaReport {
+    std::string nextDrawLine;  // which draw is forecast, and its reds once it took place
+    ResultGrid grid;
+    std::vector<FormulaRow> rows;  // of the grid, from row 1 on
 };
 
 // Headings, widths and alignments of the columns up to the current gap, on a grid with one fixed
 // row.
 void SetUpFormulaColumns(ResultGrid& grid);
 
-// Brings the edge-code table up to date. False after showing why not, or when the program is being
-// closed. Hands control to the event loop on the way.
-bool PrepareFormulaStatistics(Session& session);
-
-// Fills 131 rows: the heading, then one per formula that hit up to the end issue, in FormulaIndex
-// order; rows left over stay empty. `percent` takes the progress as text. False after a failure
-// that has been shown; the result keeps what was done.
-bool FormulaStatistics(Session& session, const FormulaCondition& condition,
-                       const std::string& endIssue, const ProgressText& percent,
-                       FormulaStatisticsResult& result);
+// Brings the edge-code table up to date and fills 131 rows: the heading, then one per formula that
+// hit up to the end issue, in FormulaIndex order; rows left over stay empty. Nothing after a
+// failure that has been shown, or when the run was ended.
+std::optional<FormulaReport> FormulaStatistics(Session& session, const FormulaCondition& condition,
+                                               const std::string& endIssue, Run& run);
 
 }  // namespace ssq

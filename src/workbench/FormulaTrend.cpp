@@ -23,17 +23,17 @@ std::string Title(const std::array<int, kLevels>& counters) {
 
 }  // namespace
 
-bool FormulaTrend(Session& session, const std::string& key, const PeriodRange& range, int periods,
-                  FormulaTrendResult& result) {
+std::optional<TrendReport> FormulaTrend(Session& session, const std::string& key,
+                                        const PeriodRange& range, int periods) {
     Recordset rows;
     if (!QueryOrTell(session,
                      "Select top " + std::to_string(periods) + "  " + key +
                          ",kjqh from bmhz where kjqh>=" + range.start + " and  kjqh<=" + range.end +
                          " order by kjqh asc",
                      rows)) {
-        return false;
+        return std::nullopt;
     }
-    FormulaTrendResult trend;
+    TrendReport trend;
     std::array<int, kLevels> counters{};
     for (; !rows.eof(); rows.MoveNext()) {
         const std::int64_t hits = rows.Int(0);
@@ -42,8 +42,7 @@ bool FormulaTrend(Session& session, const std::string& key, const PeriodRange& r
         if (hits >= 0 && hits < kLevels) ++counters[static_cast<std::size_t>(hits)];
     }
     trend.title = Title(counters);
-    result = std::move(trend);
-    return true;
+    return trend;
 }
 
 }  // namespace ssq

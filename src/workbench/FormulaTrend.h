@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,15 +27,15 @@ inline constexpr int kTrendAxisMin = 1;
 inline constexpr int kTrendAxisMax = 6;
 inline constexpr int kTrendAxisDivision = 5;
 
-struct FormulaTrendResult {
+struct TrendReport {
     std::string title;                // how often one to four reds were hit
     std::vector<std::string> labels;  // issues without their first two digits, oldest first
     std::vector<double> values;       // reds hit, 0 to 6
 };
 
-// Reads the newest `periods` draws of the range from the column `key` of BMHZ. False after showing
-// the store's error text; the result is untouched then.
-bool FormulaTrend(Session& session, const std::string& key, const PeriodRange& range, int periods,
-                  FormulaTrendResult& result);
+// Reads the newest `periods` draws of the range from the column `key` of BMHZ; nothing after
+// showing the store's error text.
+std::optional<TrendReport> FormulaTrend(Session& session, const std::string& key,
+                                        const PeriodRange& range, int periods);
 
 }  // namespace ssq

@@ -5,13 +5,11 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QTabBar>
 
 #include "draws/Public_var.h"
 #include "ui/Host.h"
-#include "ui/qt/Desktop.h"
-#include "ui/qt/GridCopy.h"
+#include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
 #include "ui/qt/LineChart.h"
@@ -46,6 +44,7 @@ QComboBox* AddFreeCombo(QBoxLayout* row, const char* name, const char* label,
     QComboBox* combo = AddCombo(row, name, QString::fromUtf8(label), entries);
     combo->setEditable(true);
     combo->setInsertPolicy(QComboBox::NoInsert);
+    combo->setCompleter(nullptr);  // "3" is a number of its own, not the start of "30"
     return combo;
 }
 
@@ -57,10 +56,13 @@ frmShaHao::frmShaHao(const PanelContext& context, QWidget* parent)
     BuildInputs(column);
     BuildTabs(column);
     FillIssueCombo(this->context(), *cboEdate_);
+    DeclarePopups();
     ShowOnly(kResultsTab);
 }
 
-frmShaHao::~frmShaHao() = default;
+void frmShaHao::TakeNewDraws() {
+    RefillIssueCombos(this->context(), {cboEdate_});
+}
 
 void frmShaHao::BuildInputs(QBoxLayout* column) {
     auto* inputs = AddRow(AddGroup(column, "Frame1", QStringLiteral("分析条件")));
@@ -69,7 +71,9 @@ void frmShaHao::BuildInputs(QBoxLayout* column) {
     for (const char* comparison : kComparisons) cboWhere_->addItem(QString::fromUtf8(comparison));
     cboNum_ = AddCombo(inputs, "CboNUM", {}, {"0", "1", "2", "3", "4"});
     cboNum_->setCurrentIndex(1);
-    AddButton(inputs, "Command1", QStringLiteral("统计公式"), [this] { FormulaStatistics(); });
+    SetMainButton(AddButton(inputs, "Command1", QStringLiteral("统计公式"), [this] {
+        Perform({.strip = progress_}, [this](Run& run) { return FormulaStatistics(run); });
+    }));
     nextDraw_ = AddLabel(inputs, "LBLXQ", {});
     progress_ = new ProgressStrip(QStringLiteral("正在工作中......."));
     column->addWidget(progress_);
@@ -94,13 +98,6 @@ void frmShaHao::BuildTabs(QBoxLayout* column) {
     vs1_ = AddGrid(views, "vs1");
     BuildFilters(views);
     BuildChart(views);
-    for (GridView* view : {vs1_, vs2_}) {
-        view->onPopup = [this, view](const QPoint& place) { RaisePopup(*view, place); };
-        view->onDoubleClick = [this, view](int row, int) {
-            if (row >= view->grid().fixedRows()) OpenChart(*view);
-        };
-    }
-
     connect(tab1_, &QTabBar::currentChanged, this, [this](int tab) { ShowView(tab); });
     // A click on the tab that is selected already looks again what there is to show.
     connect(tab1_, &QTabBar::tabBarClicked, this, [this](int tab) {
@@ -137,31 +134,36 @@ void frmShaHao::BuildChart(QBoxLayout* views) {
     views->addWidget(chart_, 1);
 }
 
-void frmShaHao::RaisePopup(GridView& view, const QPoint& place) {
-    if (view.grid().rows() <= 1) return;
-    const auto copy = [&view] { CopySelection(view); };
-    const auto chart = [this, &view] { OpenChart(view); };
-    QMenu menu;
-    if (&view == vs1_) {
-        menu.setTitle(QStringLiteral("公式"));
-        menu.setObjectName(QStringLiteral("m_gongshi"));
-        AddEntry(menu, "haomao_fuz", QStringLiteral("复制号码"), copy);
-        AddEntry(menu, "gszst", QStringLiteral("该公式走势图"), chart);
-    } else {
-        menu.setTitle(QStringLiteral("公式1"));
-        menu.setObjectName(QStringLiteral("m_gongshi1"));
-        AddEntry(menu, "gs1_fz", QStringLiteral("复制号码"), copy);
-        AddEntry(menu, "gs1_gshm", QStringLiteral("该公式走势图"), chart);
-        AddEntry(menu, "gs1_fztj", QStringLiteral("复制为条件格式"),
-                 [&view] { CopySelectionAsCondition(view); });
+void frmShaHao::DeclarePopups() {
+    for (GridView* view : {vs1_, vs2_}) {
+        view->onDoubleClick = [this, view](int row, int) {
+            if (row >= view->grid().fixedRows()) OpenChart(*view, row);
+        };
+        const auto copy = [view] { CopySelection(*view); };
+        const auto chart = [this, view] { OpenChart(*view, view->pressedRow()); };
+        const auto screen = [this] { ShowOmissionScreen(); };
+        const auto hasRows = [view] { return view->grid().rows() > 1; };
+        if (view == vs1_) {
+            SetPopup(this->context(), *view, "m_gongshi", "公式",
+                     {{"haomao_fuz", "复制号码", copy},
+                      {"gszst", "该公式走势图", chart},
+                      {"gs_ylsx", "遗漏筛选", screen}},
+                     hasRows);
+        } else {
+            SetPopup(this->context(), *view, "m_gongshi1", "公式1",
+                     {{"gs1_fz", "复制号码", copy},
+                      {"gs1_gshm", "该公式走势图", chart},
+                      {"gs1_fztj", "复制为条件格式", [view] { CopySelectionAsCondition(*view); }},
+                      {"gs1_ylsx", "遗漏筛选", screen}},
+                     hasRows);
+        }
     }
-    AddEntry(menu, &view == vs1_ ? "gs_ylsx" : "gs1_ylsx", QStringLiteral("遗漏筛选"),
-             [this] { ShowOmissionScreen(); });
-    this->context().desktop.RaisePopup(menu, place);
 }
 
 void frmShaHao::ShowOmissionScreen() {
-    if (!omissionScreen_) omissionScreen_ = std::make_unique<frmShaHaoYLSX>(this->context(), *this);
+    if (!omissionScreen_ || omissionScreen_->isClosed()) {
+        omissionScreen_ = new frmShaHaoYLSX(this->context(), *this);
+    }
     omissionScreen_->Open();
 }
 
@@ -177,32 +179,25 @@ std::string frmShaHao::conditionText() const {
     return (cboWhere_->currentText() + cboNum_->currentText()).toStdString();
 }
 
-void frmShaHao::FormulaStatistics() {
+bool frmShaHao::FormulaStatistics(Run& run) {
     vs1_->SetGrid({});
     vs2_->SetGrid({});
     SelectTab(kResultsTab);
-    if (!PrepareFormulaStatistics(session())) return;
-
     const FormulaCondition condition{cboWhere_->currentText().toStdString(),
                                      cboNum_->currentText().toInt()};
-    FormulaStatisticsResult result;
-    progress_->Begin();
-    ssq::FormulaStatistics(
-        session(), condition, endIssue(),
-        [this](const std::string& percent) { progress_->Tell(percent); }, result);
-    progress_->End();
-    if (!result.nextDrawLine.empty()) nextDraw_->setText(Qs(result.nextDrawLine));
-    vs1_->SetGrid(std::move(result.grid));
+    auto report = ssq::FormulaStatistics(session(), condition, endIssue(), run);
+    if (!report) return false;
+    nextDraw_->setText(Qs(report->nextDrawLine));
+    vs1_->SetGrid(std::move(report->grid));
+    return true;
 }
 
 void frmShaHao::Filter(const FormulaFilter& filter, const QString& threshold) {
-    FormulaFilterResult result;
-    if (!FilterForWorkbench(session(), statistics(), endIssue(), filter, threshold.toStdString(),
-                            result)) {
-        return;
-    }
-    vs2_->SetGrid(std::move(result.grid));
-    filters_->setTitle(Qs(result.resultCaption));
+    auto report =
+        FilterForWorkbench(session(), statistics(), endIssue(), filter, threshold.toStdString());
+    if (!report) return;
+    vs2_->SetGrid(std::move(report->grid));
+    filters_->setTitle(Qs(report->caption));
 }
 
 void frmShaHao::SelectTab(int tab) {
@@ -237,10 +232,10 @@ void frmShaHao::ShowOnly(int tab) {
     }
 }
 
-void frmShaHao::OpenChart(const GridView& view) {
+void frmShaHao::OpenChart(const GridView& view, int row) {
     const ResultGrid& grid = view.grid();
     if (grid.rows() < 2) return;
-    const std::string& key = grid.cell(grid.row(), kKeyColumn);
+    const std::string key = grid.cell(row, kKeyColumn);
     if (key.empty()) return;
     chartKey_ = key;
     tab1_->setTabText(kChartTab, Qs("公式" + key + "的走势图"));
@@ -262,11 +257,11 @@ void frmShaHao::DrawChart() {
     const int periods = kTrendLengths[static_cast<std::size_t>(cboZst_->currentIndex())].periods;
     const int start = std::min(position + periods, cboEdate_->count()) - 1;
     const PeriodRange range{cboEdate_->itemText(start).toStdString(), endIssue()};
-    FormulaTrendResult trend;
-    if (!FormulaTrend(session(), chartKey_, range, periods, trend)) return;
-    chart_->Show({.title = std::move(trend.title),
-                  .labels = std::move(trend.labels),
-                  .values = std::move(trend.values),
+    auto trend = FormulaTrend(session(), chartKey_, range, periods);
+    if (!trend) return;
+    chart_->Show({.title = std::move(trend->title),
+                  .labels = std::move(trend->labels),
+                  .values = std::move(trend->values),
                   .min = kTrendAxisMin,
                   .max = kTrendAxisMax,
                   .division = kTrendAxisDivision,

@@ -2,7 +2,7 @@
 // one formula.
 #pragma once
 
-#include <memory>
+#include <QPointer>
 #include <string>
 
 #include "ui/qt/Panel.h"
@@ -27,7 +27,8 @@ struct FormulaFilter;
 class frmShaHao final : public Panel {
   public:
     explicit frmShaHao(const PanelContext& context, QWidget* parent = nullptr);
-    ~frmShaHao() override;
+
+    void TakeNewDraws() override;
 
     // Opens the second screen of filters, which reads what follows.
     void ShowOmissionScreen();
@@ -41,15 +42,15 @@ class frmShaHao final : public Panel {
     void BuildTabs(QBoxLayout* column);
     void BuildFilters(QBoxLayout* views);
     void BuildChart(QBoxLayout* views);
-    void RaisePopup(GridView& view, const QPoint& place);
+    void DeclarePopups();
 
-    void FormulaStatistics();
+    bool FormulaStatistics(Run& run);
     void Filter(const FormulaFilter& filter, const QString& threshold);
 
     void SelectTab(int tab);
     void ShowView(int tab);
     void ShowOnly(int tab);
-    void OpenChart(const GridView& view);
+    void OpenChart(const GridView& view, int row);
     void ChangeChartLength();
     void DrawChart();
 
@@ -68,7 +69,7 @@ class frmShaHao final : public Panel {
     QComboBox* cboZst_;
     LineChart* chart_;
     std::string chartKey_;  // the formula that tab 3 names; empty before the first
-    std::unique_ptr<frmShaHaoYLSX> omissionScreen_;
+    QPointer<frmShaHaoYLSX> omissionScreen_;
 };
 
 }  // namespace ssq

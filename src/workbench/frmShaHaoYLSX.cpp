@@ -3,12 +3,9 @@
 #include <QBoxLayout>
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QMenu>
 
 #include "base/numbers.h"
 #include "draws/Public_var.h"
-#include "ui/qt/Desktop.h"
-#include "ui/qt/GridCopy.h"
 #include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/form.h"
@@ -23,10 +20,9 @@ constexpr const char* kResultsCaption = "公式筛选结果";
 
 }  // namespace
 
-frmShaHaoYLSX::frmShaHaoYLSX(const PanelContext& context, const frmShaHao& workbench,
-                             QWidget* parent)
-    : QWidget(parent), context_(context), workbench_(workbench) {
-    auto* column = SetUpPanel(*this, "frmShaHaoYLSX", QStringLiteral("筛选条件"), 1100, 640);
+frmShaHaoYLSX::frmShaHaoYLSX(const PanelContext& context, frmShaHao& workbench)
+    : Panel(context, &workbench, {"frmShaHaoYLSX", "筛选条件", 1100, 640}), workbench_(workbench) {
+    auto* column = new QVBoxLayout(this);
     operations_ = AddGroup(column, "Frame1", QStringLiteral("操作"));
     auto* beyond = AddRow(operations_);
     AddButton(beyond, "Command1", QStringLiteral("当前>最大遗漏"),
@@ -35,7 +31,7 @@ frmShaHaoYLSX::frmShaHaoYLSX(const PanelContext& context, const frmShaHao& workb
               [this] { Filter(kRunFilter, std::nullopt); });
     AddButton(beyond, "Command4", QStringLiteral("统计号码次数"), [this] { Count(); });
     AddButton(beyond, "Command2", QStringLiteral("导出结果"),
-              [this] { SaveGridAsExcel(context_, *vs1_); });
+              [this] { SaveGridAsExcel(this->context(), *vs1_); });
     auto* reaching = AddRow(operations_);
     AddButton(reaching, "Command3", QStringLiteral("当前遗漏次数"),
               [this] { FilterReaching(kGapFilter, *txtYLCS_); });
@@ -50,7 +46,9 @@ frmShaHaoYLSX::frmShaHaoYLSX(const PanelContext& context, const frmShaHao& workb
 
     results_ = AddGroup(column, "Frame2", QString::fromUtf8(kResultsCaption));
     vs1_ = AddGrid(results_, "vs1");
-    vs1_->onPopup = [this](const QPoint& place) { RaisePopup(place); };
+    SetPopup(context, *vs1_, "f_mz", "复制",
+             {{"m_ylsx_fz", "复制号码", [this] { CopySelection(*vs1_); }},
+              {"m_fuzito500", "复制成条件格式", [this] { CopySelectionAsCondition(*vs1_); }}});
 }
 
 void frmShaHaoYLSX::Open() {
@@ -67,14 +65,12 @@ void frmShaHaoYLSX::Open() {
 }
 
 void frmShaHaoYLSX::Filter(const FormulaFilter& filter, FormulaThreshold threshold) {
-    FormulaFilterResult result;
-    if (!FilterForOmissionScreen(context_.session, workbench_.statistics(), endIssue_,
-                                 workbench_.conditionText(), filter, threshold, result)) {
-        return;
-    }
-    operations_->setTitle(Qs(result.issueCaption));
-    vs1_->SetGrid(std::move(result.grid));
-    results_->setTitle(Qs(result.resultCaption));
+    auto report = FilterForOmissionScreen(session(), workbench_.statistics(), endIssue_,
+                                          workbench_.conditionText(), filter, threshold);
+    if (!report) return;
+    operations_->setTitle(Qs(report->issueCaption));
+    vs1_->SetGrid(std::move(report->grid));
+    results_->setTitle(Qs(report->caption));
 }
 
 void frmShaHaoYLSX::FilterReaching(const FormulaFilter& filter, const QLineEdit& box) {
@@ -82,19 +78,11 @@ void frmShaHaoYLSX::FilterReaching(const FormulaFilter& filter, const QLineEdit&
 }
 
 void frmShaHaoYLSX::Count() {
-    NumberCountResult result;
-    const bool counted = CountNumbers(context_.session, vs1_->grid(), endIssue_, result);
-    if (!result.issueCaption.empty()) operations_->setTitle(Qs(result.issueCaption));
-    if (counted) vs1_->SetGrid(std::move(result.grid));
-}
-
-void frmShaHaoYLSX::RaisePopup(const QPoint& place) {
-    QMenu menu(QStringLiteral("复制"));
-    menu.setObjectName(QStringLiteral("f_mz"));
-    AddEntry(menu, "m_ylsx_fz", QStringLiteral("复制号码"), [this] { CopySelection(*vs1_); });
-    AddEntry(menu, "m_fuzito500", QStringLiteral("复制成条件格式"),
-             [this] { CopySelectionAsCondition(*vs1_); });
-    context_.desktop.RaisePopup(menu, place);
+    if (!CheckIsFiltered(session(), vs1_->grid())) return;
+    operations_->setTitle(Qs(CountCaption(endIssue_)));
+    if (auto grid = CountNumbers(session(), vs1_->grid(), endIssue_)) {
+        vs1_->SetGrid(std::move(*grid));
+    }
 }
 
 }  // namespace ssq

@@ -2,10 +2,9 @@
 // number is named by the formulas that passed.
 #pragma once
 
-#include <QWidget>
 #include <string>
 
-#include "ui/qt/PanelContext.h"
+#include "ui/qt/Panel.h"
 #include "workbench/FormulaFilters.h"
 
 class QGroupBox;
@@ -16,11 +15,10 @@ namespace ssq {
 class GridView;
 class frmShaHao;
 
-class frmShaHaoYLSX final : public QWidget {
+class frmShaHaoYLSX final : public Panel {
   public:
     // Reads the statistics and the inputs of `workbench`, which must outlive it.
-    frmShaHaoYLSX(const PanelContext& context, const frmShaHao& workbench,
-                  QWidget* parent = nullptr);
+    frmShaHaoYLSX(const PanelContext& context, frmShaHao& workbench);
 
     // Takes the workbench's end issue and shows the screen. A result for another issue goes.
     void Open();
@@ -29,9 +27,7 @@ class frmShaHaoYLSX final : public QWidget {
     void Filter(const FormulaFilter& filter, FormulaThreshold threshold);
     void FilterReaching(const FormulaFilter& filter, const QLineEdit& box);
     void Count();
-    void RaisePopup(const QPoint& place);
 
-    PanelContext context_;
     const frmShaHao& workbench_;
     QGroupBox* operations_;
     QLineEdit* txtYLCS_;

@@ -2,8 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QJsonArray>
-
 #include "support/DriverClient.h"
 
 namespace ssq {
@@ -12,38 +10,35 @@ namespace {
 using testing::ElementsAre;
 
 TEST(ChartRoad, BuildsTakesPicksHidesNumbersAndExports) {
-    DriverClient driver(SSQ_DELIVERED_DATABASE);
+    DriverClient driver;
     driver.Menu("m_zst_cg");
     EXPECT_EQ(driver.Text("frmZST"), " 走势图分析");
     driver.Set("cboSdate", "2026110");
     driver.Set("cboEdate", "2026114");
     driver.Choose("cboZtype", 0);
-    EXPECT_THAT(DriverClient::Messages(driver.Click("Command1")), ElementsAre());
+    EXPECT_THAT(driver.Click("Command1").Messages(), ElementsAre());
     EXPECT_EQ(driver.Text("Frame2"), "走势图结果  [共5期]");
 
-    const auto press = [&](int r, int c) {
-        driver.Do(
-            {{"do", "mouse"}, {"control", "vs1"}, {"button", "left"}, {"row", r}, {"col", c}});
-        return DriverClient::Cell(driver.Grid("vs1"), r, c);
+    const auto press = [&](int row, int col) {
+        driver.Mouse("vs1", row, col);
+        return driver.Grid("vs1").Cell(row, col);
     };
     EXPECT_EQ(press(6, 10), "08");
     EXPECT_EQ(press(6, 10), "");
     EXPECT_EQ(press(8, 35), "33");
     EXPECT_EQ(press(9, 3), "20");  // the rates are no pick row
 
-    const auto hidden = [&](const char* entry) {
-        driver.Do({{"do", "popup"}, {"control", "vs1"}, {"row", 1}, {"col", 1}, {"entry", entry}});
-        return driver.Grid("vs1")["hidden"].toArray();
-    };
-    const QJsonArray numbers = hidden("m_hide_zst");
-    EXPECT_EQ(numbers.size(), 33);
-    EXPECT_TRUE(numbers.contains(3) && numbers.contains(35));
-    EXPECT_TRUE(hidden("m_disp_zst").isEmpty());
+    Json numbers;
+    for (int col = 3; col <= 35; ++col) numbers.push_back(col);
+    driver.Popup("vs1", 1, 1, "m_hide_zst");
+    EXPECT_EQ(driver.Grid("vs1")["hidden"], numbers);
+    driver.Popup("vs1", 1, 1, "m_disp_zst");
+    EXPECT_EQ(driver.Grid("vs1")["hidden"], Json::array());
 
-    const auto file = driver.folder() / "chart";
-    driver.Do({{"do", "answer"}, {"file", QString::fromStdString(file.string())}});
-    EXPECT_THAT(DriverClient::Messages(driver.Click("Command2")), ElementsAre("保存成功！"));
-    EXPECT_TRUE(std::filesystem::exists(file.string() + ".xls"));
+    const std::string file = driver.folder() / "chart";
+    driver.Answer("file", file);
+    EXPECT_THAT(driver.Click("Command2").Messages(), ElementsAre("保存成功！"));
+    EXPECT_TRUE(std::filesystem::exists(file + ".xls"));
 }
 
 }  // namespace

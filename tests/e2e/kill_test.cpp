@@ -2,8 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QJsonArray>
-
 #include "base/text.h"
 #include "support/DriverClient.h"
 
@@ -17,85 +15,78 @@ class KillRoad : public testing::Test {
   protected:
     void SetUp() override { driver.Menu("m_shamatujian"); }
 
-    std::vector<std::string> Learn(int dmgs, const QString& draws, const QString& rate) {
+    std::vector<std::string> Learn(int dmgs, const char* draws, const char* rate) {
         driver.Click("Command2");
         driver.Choose("cboSmGs", dmgs);
         driver.Set("txtQS", draws);
         driver.Set("txtGL", rate);
-        return DriverClient::Messages(driver.Click("Command1"));
+        return driver.Click("Command1").Messages();
     }
-    QJsonArray Row(const QString& sql) {
-        return driver.Do({{"do", "sql"}, {"text", sql}})["rows"][0].toArray();
-    }
-    QJsonObject Control(const char* name) { return driver.Do({{"do", "get"}, {"control", name}}); }
+    Json Learned() { return driver.Sql("select dsgs,dsrate from tDs where dstype=1")[0]; }
 
-    DriverClient driver{SSQ_DELIVERED_DATABASE};
+    DriverClient driver;
 };
 
 TEST_F(KillRoad, LearnsEverySizeAndShowsTheLearnedDraws) {
     for (int dmgs = 0; dmgs < 4; ++dmgs) {
         EXPECT_THAT(Learn(dmgs, "10", "10"), ElementsAre());
-        const QJsonArray best = Row("select dsgs,dsrate from tDs where dstype=1");
-        EXPECT_EQ(best[0].toString().split(u',').size(), dmgs + 1);
+        const Json best = Learned();
+        EXPECT_EQ(Split(best[0].get<std::string>(), ",").size(), dmgs + 1U);
         const int rc = dmgs == 0 ? 0 : dmgs + 1;
-        EXPECT_EQ(Row("select top 1 endDate,tQs,tDsGs,tRcGs,tGsStr,tRate from tSrecord order by id "
-                      "desc"),
-                  (QJsonArray{2026114, 10, dmgs, rc, best[0], best[1]}));
+        EXPECT_EQ(driver.Sql("select top 1 endDate,tQs,tDsGs,tRcGs,tGsStr,tRate from tSrecord "
+                             "order by id desc")[0],
+                  (Json{2026114, 10, dmgs, rc, best[0], best[1]}));
 
-        const QJsonObject grid = driver.Grid("vs1");
-        EXPECT_EQ(grid["cols"].toInt(), 6 * (dmgs + 1) + 4);
+        const Reply grid = driver.Grid("vs1");
+        EXPECT_EQ(grid["cols"], 6 * (dmgs + 1) + 4);
         EXPECT_EQ(driver.Text("cboSdate"), "2026105");
         EXPECT_THAT(driver.Text("Frame2"), HasSubstr("10期内杀" + std::to_string(6 * dmgs + 6)));
-        EXPECT_EQ(DriverClient::Cell(grid, 1, 0), "2026105");
-        EXPECT_EQ(DriverClient::Cell(grid, 11, 1), "2026115期杀号推荐");
+        EXPECT_EQ(grid.Cell(1, 0), "2026105");
+        EXPECT_EQ(grid.Cell(11, 1), "2026115期杀号推荐");
         // Without tolerance the verdicts count the very draws that the search counted.
         if (dmgs == 0) {
-            EXPECT_EQ(DriverClient::Cell(grid, 12, 9), std::to_string(best[1].toInt()));
+            EXPECT_EQ(grid.Cell(12, 9), std::to_string(best[1].get<int>()));
         }
-        EXPECT_TRUE(Control("Command2")["enabled"].toBool());
-        EXPECT_FALSE(Control("frmMsg")["visible"].toBool());
+        EXPECT_EQ(driver.Get("Command2")["enabled"], true);
+        EXPECT_FALSE(driver.Shows("frmMsg"));
     }
 }
 
 TEST_F(KillRoad, KeepsTheStuckStateUntilThePanelIsClosed) {
     EXPECT_THAT(Learn(0, "9999", "40"), ElementsAre("数据不足！"));
-    EXPECT_FALSE(Control("Command2")["enabled"].toBool());
-    EXPECT_TRUE(Control("frmMsg")["visible"].toBool());
+    EXPECT_EQ(driver.Get("Command2")["enabled"], false);
+    EXPECT_TRUE(driver.Shows("frmMsg"));
     EXPECT_EQ(driver.Text("LBLmsg"), "准备数据中，首次运行较慢");
-    driver.Do({{"do", "close"}});
+    driver.Close();
     driver.Menu("m_shamatujian");
-    EXPECT_TRUE(Control("Command2")["enabled"].toBool());
-    EXPECT_FALSE(Control("frmMsg")["visible"].toBool());
+    EXPECT_EQ(driver.Get("Command2")["enabled"], true);
+    EXPECT_FALSE(driver.Shows("frmMsg"));
 }
 
 TEST_F(KillRoad, RestoresARecordAndCopiesItsConditions) {
-    EXPECT_THAT(DriverClient::Messages(driver.Click("Command3")), ElementsAre("还没有学习记录！"));
+    EXPECT_THAT(driver.Click("Command3").Messages(), ElementsAre("还没有学习记录！"));
     driver.Click("Command2");
     driver.Set("cboEdate", "2026100");
     Learn(3, "8", "50");
-    const QJsonArray learned = Row("select dsgs,dsrate from tDs");
-    const QJsonObject before = driver.Grid("vs1");
+    const Json learned = Learned();
+    const Reply before = driver.Grid("vs1");
     driver.Set("cboEdate", "2026114");
     Learn(0, "5", "10");
 
     driver.Click("Command3");
-    EXPECT_EQ(DriverClient::Cell(driver.Grid("vs1"), 2, 3), "24");
-    driver.Do({{"do", "mouse"}, {"control", "vs1"}, {"row", 2}, {"col", 0}, {"button", "left"}});
-    EXPECT_EQ(driver.Click("Command1")["modal"].toString(), "frmSHAMAxxjl");
+    EXPECT_EQ(driver.Grid("vs1").Cell(2, 3), "24");
+    driver.Mouse("vs1", 2, 0);
+    EXPECT_EQ(driver.Click("Command1")["modal"], "frmSHAMAxxjl");
     driver.Click("Command2");
-    EXPECT_EQ(Row("select dsgs,dsrate from tDs"), learned);
+    EXPECT_EQ(Learned(), learned);
     EXPECT_EQ(driver.Text("cboEdate"), "2026100");
     EXPECT_EQ(driver.Grid("vs1")["cells"], before["cells"]);
 
-    const char* conditions = "shama_tiaojiangeshi";
-    driver.Do({{"do", "popup"}, {"control", "vs1"}, {"row", 9}, {"col", 2}, {"entry", conditions}});
-    const std::string lines = driver.Do({{"do", "clipboard"}})["text"].toString().toStdString();
-    const std::string pair =
-        DriverClient::Cell(before, 9, 2) + "," + DriverClient::Cell(before, 9, 8) + "/0~1";
-    EXPECT_EQ(Split(lines, "\r\n").at(4), pair);  // behind the four groups
-    driver.Do({{"do", "popup"}, {"control", "vs1"}, {"row", 9}, {"col", 3}, {"entry", "m_smfuzi"}});
-    EXPECT_EQ(driver.Do({{"do", "clipboard"}})["text"].toString().toStdString(),
-              DriverClient::Cell(before, 9, 3));
+    driver.Popup("vs1", 9, 2, "shama_tiaojiangeshi");
+    const std::string pair = before.Cell(9, 2) + "," + before.Cell(9, 8) + "/0~1";
+    EXPECT_EQ(Split(driver.Clipboard(), "\r\n").at(4), pair);  // behind the four groups
+    driver.Popup("vs1", 9, 3, "m_smfuzi");
+    EXPECT_EQ(driver.Clipboard(), before.Cell(9, 3));
 }
 
 }  // namespace

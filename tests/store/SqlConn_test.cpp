@@ -10,6 +10,7 @@
 
 #include "draws/queries.h"
 #include "support/TestDatabase.h"
+#include "support/paths.h"
 
 namespace ssq {
 namespace {
@@ -38,7 +39,7 @@ class OpenFailure : public testing::Test {
     }
 
     TempFolder folder;
-    const std::string delivered = Bytes(SSQ_DELIVERED_DATABASE);
+    const std::string delivered = Bytes(DeliveredDatabase());
 };
 
 TEST_F(OpenFailure, IsToldForWhatIsNoDatabase) {
@@ -129,13 +130,9 @@ TEST(OpenDatabase, TellsTheUserAndGoesOn) {
         ASSERT_EQ(host.boxes.size(), starting ? 1U : 2U);
         EXPECT_EQ(host.boxes.back(), host.boxes.front());
     }
-}
-
-TEST(Connection, SaysThatItIsClosed) {
-    TestDatabase database;
-    database.session().connection.Close();
-    EXPECT_FALSE(TableExists(database.session(), "cphm"));
-    EXPECT_THAT(database.host().Texts(), testing::ElementsAre("数据库没有打开！"));
+    session.connection.Close();
+    EXPECT_FALSE(TableExists(session, "cphm"));
+    EXPECT_EQ(host.boxes.back().text, "数据库没有打开！");
 }
 
 }  // namespace

@@ -31,19 +31,20 @@ class WriteBatchTest : public testing::Test {
         return rows.Int(0);
     }
 
-    void Pump() { database.session().host.ShowMessage("pump"); }
+    void Pump() { session.host.ShowMessage("pump"); }
 
     TestDatabase database;
+    Session& session = database.session();
 };
 
 TEST_F(WriteBatchTest, ReachesTheDiskAtItsEndAndAtEachPump) {
     std::vector<std::int64_t> seen;
     database.host().onPump = [&] { seen.push_back(RowsOnDisk()); };
     {
-        const WriteBatch batch(database.session().host, database.session().connection);
+        const WriteBatch batch(session.host, session.connection);
         Insert(2);
         EXPECT_EQ(RowsOnDisk(), 0);
-        Pump();
+        EXPECT_FALSE(ExecuteOrTell(session, "insert into nowhere values(1)"));
         Insert(1);
         EXPECT_EQ(RowsOnDisk(), 2);
     }
@@ -51,28 +52,18 @@ TEST_F(WriteBatchTest, ReachesTheDiskAtItsEndAndAtEachPump) {
     EXPECT_THAT(seen, ElementsAre(2));
 }
 
-TEST_F(WriteBatchTest, KeepsWhatWasDoneBeforeAFailure) {
-    {
-        const WriteBatch batch(database.session().host, database.session().connection);
-        Insert(2);
-        EXPECT_FALSE(ExecuteOrTell(database.session(), "insert into nowhere values(1)"));
-        Insert(1);
-    }
-    EXPECT_EQ(RowsOnDisk(), 3);
-}
-
 TEST_F(WriteBatchTest, NestsInsideARunAndInsideAPump) {
     std::vector<std::int64_t> seen;
     database.host().onPump = [&] {
         seen.push_back(RowsOnDisk());
-        const WriteBatch inPump(database.session().host, database.session().connection);
+        const WriteBatch inPump(session.host, session.connection);
         Insert(10);
     };
     {
-        const WriteBatch outer(database.session().host, database.session().connection);
+        const WriteBatch outer(session.host, session.connection);
         Insert(1);
         {
-            const WriteBatch inner(database.session().host, database.session().connection);
+            const WriteBatch inner(session.host, session.connection);
             Insert(1);
             Pump();
             Insert(1);
@@ -93,14 +84,14 @@ TEST_F(WriteBatchTest, StaysClosedBetweenTheBoxesOfARunWithoutABatch) {
         inside = true;
         for (int box = 0; box < 2; ++box) {
             Pump();
-            open.push_back(database.session().connection.InTransaction());
+            open.push_back(session.connection.InTransaction());
         }
     };
-    const WriteBatch batch(database.session().host, database.session().connection);
+    const WriteBatch batch(session.host, session.connection);
     Insert(1);
     Pump();
     EXPECT_THAT(open, ElementsAre(false, false));
-    EXPECT_TRUE(database.session().connection.InTransaction());
+    EXPECT_TRUE(session.connection.InTransaction());
 }
 
 // A deferred key that points nowhere lets every statement pass and the commit fail.
@@ -109,26 +100,26 @@ TEST_F(WriteBatchTest, EndsTheRunWhoseCommitFails) {
     database.Run("create table parent(id integer primary key)");
     database.Run("create table child(id integer references parent deferrable initially deferred)");
     bool inPump = false;
-    database.host().onPump = [&] { inPump = ExecuteOrTell(database.session(), "select 1"); };
+    database.host().onPump = [&] { inPump = ExecuteOrTell(session, "select 1"); };
     for (const bool pumps : {true, false}) {
         std::string errorText;
-        WriteBatch batch(database.session().host, database.session().connection);
+        WriteBatch batch(session.host, session.connection);
         Insert(1);
         Pump();
         database.Run("insert into child values(7)");
-        WriteBatch inner(database.session().host, database.session().connection);
+        WriteBatch inner(session.host, session.connection);
         if (pumps) {
             Pump();
             EXPECT_TRUE(inPump);
             Recordset rows;
-            EXPECT_FALSE(database.session().connection.OpenQuery("select 1", errorText, rows));
+            EXPECT_FALSE(session.connection.OpenQuery("select 1", errorText, rows));
             EXPECT_THAT(errorText, testing::HasSubstr("FOREIGN KEY"));
         }
         EXPECT_EQ(inner.Commit(errorText), !pumps);
         errorText.clear();
         EXPECT_FALSE(batch.Commit(errorText));
         EXPECT_THAT(errorText, testing::HasSubstr("FOREIGN KEY"));
-        EXPECT_FALSE(database.session().connection.InTransaction());
+        EXPECT_FALSE(session.connection.InTransaction());
     }
     EXPECT_EQ(RowsOnDisk(), 2);
     EXPECT_EQ(database.Run("select * from child").recordcount(), 0);
@@ -136,12 +127,12 @@ TEST_F(WriteBatchTest, EndsTheRunWhoseCommitFails) {
 }
 
 TEST_F(WriteBatchTest, SurvivesAConnectionClosedInAPump) {
-    database.host().onPump = [&] { database.session().connection.Close(); };
+    database.host().onPump = [&] { session.connection.Close(); };
     {
-        const WriteBatch batch(database.session().host, database.session().connection);
+        const WriteBatch batch(session.host, session.connection);
         Insert(2);
         Pump();
-        EXPECT_FALSE(database.session().connection.isOpen());
+        EXPECT_FALSE(session.connection.isOpen());
     }
     EXPECT_EQ(RowsOnDisk(), 2);
     EXPECT_THAT(database.host().Texts(), ElementsAre("pump"));

@@ -3,124 +3,95 @@
 #include <gtest/gtest.h>
 
 #include <QDeadlineTimer>
-#include <QJsonDocument>
+#include <QProcess>
 
 namespace ssq {
 
 namespace {
 
-int Milliseconds(std::chrono::seconds limit) {
-    return static_cast<int>(std::chrono::milliseconds(limit).count());
-}
-
-std::string OfCell(const QJsonObject& grid, const QString& what, int row, int col) {
-    const QString key = QStringLiteral("%1,%2").arg(row).arg(col);
-    return grid.value(what).toObject().value(key).toString().toStdString();
-}
+constexpr int kReplyLimit = 60'000;  // ms
 
 }  // namespace
 
-DriverClient::DriverClient(const std::filesystem::path& database) {
+std::vector<std::string> Reply::Messages() const {
+    std::vector<std::string> texts;
+    for (const Json& box : (*this)["messages"]) texts.push_back(box["text"]);
+    return texts;
+}
+
+std::string Reply::OfCell(const char* map, int row, int col) const {
+    return (*this)[map].value(std::to_string(row) + "," + std::to_string(col), "");
+}
+
+DriverClient::DriverClient(const std::filesystem::path& database)
+    : driver_(std::make_unique<QProcess>()) {
     if (!database.empty()) {
         std::filesystem::create_directory(folder() / "data");
         std::filesystem::copy_file(database, folder() / "data" / "ssq.mdb");
     }
-    driver_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    driver_.start(QStringLiteral(SSQ_PANEL_DRIVER), {folder_.path()});
-    if (!driver_.waitForStarted()) ADD_FAILURE() << "panel_driver does not start";
+    driver_->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    driver_->start(QString::fromStdString(PanelDriver()), {QString::fromStdString(folder())});
+    if (!driver_->waitForStarted()) ADD_FAILURE() << "panel_driver does not start";
 }
 
 DriverClient::~DriverClient() {
-    driver_.closeWriteChannel();
+    driver_->closeWriteChannel();
     if (!WaitForEnd()) {
         ADD_FAILURE() << "panel_driver does not end with its input";
-        driver_.kill();
-        driver_.waitForFinished();
-    } else if (driver_.exitStatus() != QProcess::NormalExit || driver_.exitCode() != 0) {
-        ADD_FAILURE() << "panel_driver ended with code " << driver_.exitCode();
+        driver_->kill();
+        driver_->waitForFinished();
+    } else if (driver_->exitStatus() != QProcess::NormalExit || driver_->exitCode() != 0) {
+        ADD_FAILURE() << "panel_driver ended with code " << driver_->exitCode();
     }
 }
 
-QJsonObject DriverClient::Send(const QJsonObject& command, std::chrono::seconds limit) {
-    return SendLine(QJsonDocument(command).toJson(QJsonDocument::Compact), limit);
-}
-
-QJsonObject DriverClient::SendLine(const QByteArray& line, std::chrono::seconds limit) {
-    driver_.write(line + '\n');
-    if (!WaitForLine(limit)) return {};
-    return QJsonDocument::fromJson(driver_.readLine()).object();
-}
-
-bool DriverClient::WaitForLine(std::chrono::seconds limit) {
-    const QDeadlineTimer deadline(limit);
-    while (!driver_.canReadLine()) {
-        const int left = static_cast<int>(deadline.remainingTime());
-        if (driver_.waitForReadyRead(left)) continue;
-        if (driver_.state() == QProcess::NotRunning) return driver_.canReadLine();
-        ADD_FAILURE() << "panel_driver gives no reply";
-        driver_.kill();
-        driver_.waitForFinished();
-        return false;
+Reply DriverClient::Send(const Json& command) {
+    driver_->write(QByteArray::fromStdString(command.dump() + '\n'));
+    const QDeadlineTimer deadline(kReplyLimit);
+    while (!driver_->canReadLine() && driver_->state() != QProcess::NotRunning) {
+        if (driver_->waitForReadyRead(static_cast<int>(deadline.remainingTime()))) continue;
+        if (driver_->state() == QProcess::NotRunning) break;
+        ADD_FAILURE() << "panel_driver gives no reply to " << command;
+        driver_->kill();
+        driver_->waitForFinished();
     }
-    return true;
+    const Json reply = Json::parse(driver_->readLine().toStdString(), nullptr, false);
+    return Reply(reply.is_object() ? reply : Json::object());
 }
 
-QJsonObject DriverClient::Do(const QJsonObject& command, std::chrono::seconds limit) {
-    QJsonObject reply = Send(command, limit);
-    EXPECT_TRUE(reply[u"ok"].toBool())
-        << QJsonDocument(command).toJson(QJsonDocument::Compact).toStdString() << ": "
-        << reply[u"error"].toString().toStdString();
+Reply DriverClient::Do(const Json& command) {
+    Reply reply = Send(command);
+    EXPECT_TRUE(reply["ok"] == true) << command << ": " << reply["error"];
     return reply;
 }
 
-QJsonObject DriverClient::Menu(const char* entry) {
-    return Do({{"do", "menu"}, {"entry", entry}});
-}
-
-QJsonObject DriverClient::Panel(const char* name) {
-    return Do({{"do", "panel"}, {"name", name}});
-}
-
-QJsonObject DriverClient::Click(const char* control) {
-    return Do({{"do", "click"}, {"control", control}});
-}
-
-QJsonObject DriverClient::Set(const char* control, const QString& value) {
+Reply DriverClient::Set(const char* control, const std::string& value) {
     return Do({{"do", "set"}, {"control", control}, {"value", value}});
 }
 
-QJsonObject DriverClient::Choose(const char* control, int index) {
+Reply DriverClient::Choose(const char* control, int index) {
     return Do({{"do", "choose"}, {"control", control}, {"index", index}});
 }
 
-std::string DriverClient::Text(const char* control) {
-    return Do({{"do", "get"}, {"control", control}})[u"text"].toString().toStdString();
+Reply DriverClient::Mouse(const char* grid, int row, int col, const char* button) {
+    return Do({{"do", "mouse"}, {"control", grid}, {"row", row}, {"col", col}, {"button", button}});
 }
 
-QJsonObject DriverClient::Grid(const char* control) {
-    return Do({{"do", "grid"}, {"control", control}});
+Reply DriverClient::Popup(const char* grid, int row, int col, const char* entry) {
+    return Do({{"do", "popup"}, {"control", grid}, {"row", row}, {"col", col}, {"entry", entry}});
 }
 
-std::string DriverClient::Cell(const QJsonObject& grid, int row, int col) {
-    return OfCell(grid, "cells", row, col);
+Reply DriverClient::Answer(const char* field, const std::string& value) {
+    return Do({{"do", "answer"}, {field, value}});
 }
 
-std::string DriverClient::Back(const QJsonObject& grid, int row, int col) {
-    return OfCell(grid, "back", row, col);
+Reply DriverClient::On(const char* command, const char* control) {
+    return Do({{"do", command}, {"control", control}});
 }
 
-std::vector<std::string> DriverClient::Messages(const QJsonObject& reply) {
-    std::vector<std::string> texts;
-    const QJsonArray messages = reply[u"messages"].toArray();
-    for (const auto& message : messages) {
-        texts.push_back(message.toObject()[u"text"].toString().toStdString());
-    }
-    return texts;
-}
-
-bool DriverClient::WaitForEnd(std::chrono::seconds limit) {
-    return driver_.state() == QProcess::NotRunning ||
-           driver_.waitForFinished(Milliseconds(limit)) || driver_.state() == QProcess::NotRunning;
+bool DriverClient::WaitForEnd() {
+    return driver_->state() == QProcess::NotRunning || driver_->waitForFinished(kReplyLimit) ||
+           driver_->state() == QProcess::NotRunning;
 }
 
 }  // namespace ssq

@@ -1,61 +1,89 @@
 // A script's end of panel_driver: starts it on a fresh folder and talks to it.
 #pragma once
 
-#include <QJsonArray>
-#include <QJsonObject>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <chrono>
 #include <filesystem>
+#include <memory>
+#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
+#include "support/TempFolder.h"
+#include "support/paths.h"
+
+class QProcess;
+
 namespace ssq {
+
+using Json = nlohmann::json;
+
+// A reply, or a part of it; what it lacks reads as null.
+class Reply {
+  public:
+    explicit Reply(Json json) : json_(std::move(json)) {}
+
+    Json operator[](const char* field) const { return json_.value(field, Json()); }
+
+    // The texts of the boxes that came with it.
+    std::vector<std::string> Messages() const;
+
+    // Of a grid, by cell; empty where the cell is.
+    std::string Cell(int row, int col) const { return OfCell("cells", row, col); }
+    std::string Back(int row, int col) const { return OfCell("back", row, col); }
+    int Rows() const { return json_.value("rows", 0); }
+
+  private:
+    std::string OfCell(const char* map, int row, int col) const;
+
+    Json json_;
+};
 
 class DriverClient {
   public:
     // Copies `database` to data/ssq.mdb of the folder; an empty path leaves the folder empty.
-    explicit DriverClient(const std::filesystem::path& database);
+    explicit DriverClient(const std::filesystem::path& database = DeliveredDatabase());
     // Ends the driver by closing its input; one that does not end in time is killed, and the test
     // fails. So it does when the driver ends in any other way than cleanly.
     ~DriverClient();
     DriverClient(const DriverClient&) = delete;
     DriverClient& operator=(const DriverClient&) = delete;
 
-    std::filesystem::path folder() const { return folder_.path().toStdString(); }
+    const std::filesystem::path& folder() const { return folder_.path(); }
 
-    // The reply to one command; empty when the driver has ended. A driver that does not answer
-    // within the limit is killed, and the test fails.
-    QJsonObject Send(const QJsonObject& command, std::chrono::seconds limit = kReplyLimit);
-    QJsonObject SendLine(const QByteArray& line, std::chrono::seconds limit = kReplyLimit);
+    // The reply to one command; empty when the driver has ended. A driver that does not answer in
+    // time is killed, and the test fails.
+    Reply Send(const Json& command);
 
     // Send for a command that must succeed: the test fails when it does not.
-    QJsonObject Do(const QJsonObject& command, std::chrono::seconds limit = kReplyLimit);
+    Reply Do(const Json& command);
 
-    QJsonObject Menu(const char* entry);
-    QJsonObject Panel(const char* name);
-    QJsonObject Click(const char* control);
-    QJsonObject Set(const char* control, const QString& value);
-    QJsonObject Choose(const char* control, int index);
-    std::string Text(const char* control);
-    QJsonObject Grid(const char* control);
+    Reply Menu(const char* entry) { return Do({{"do", "menu"}, {"entry", entry}}); }
+    Reply Panel(const char* name) { return Do({{"do", "panel"}, {"name", name}}); }
+    Reply Close() { return Do({{"do", "close"}}); }
+    Reply Click(const char* control) { return On("click", control); }
+    Reply Get(const char* control) { return On("get", control); }
+    Reply Grid(const char* control) { return On("grid", control); }
+    Reply Set(const char* control, const std::string& value);
+    Reply Choose(const char* control, int index);
+    // `button` is left, right or double.
+    Reply Mouse(const char* grid, int row, int col, const char* button = "left");
+    Reply Popup(const char* grid, int row, int col, const char* entry);
+    Reply Answer(const char* field, const std::string& value);
 
-    // A grid's reply read by cell; empty where the cell is.
-    static std::string Cell(const QJsonObject& grid, int row, int col);
-    static std::string Back(const QJsonObject& grid, int row, int col);
-    // The texts of the boxes that came with a reply.
-    static std::vector<std::string> Messages(const QJsonObject& reply);
+    std::string Text(const char* control) { return Get(control)["text"]; }
+    bool Shows(const char* control) { return Get(control)["visible"]; }
+    std::string Clipboard() { return Do({{"do", "clipboard"}})["text"]; }
+    // The rows of a query, each an array.
+    Json Sql(const std::string& text) { return Do({{"do", "sql"}, {"text", text}})["rows"]; }
 
-    // Whether the driver has ended by itself, waiting for it up to the limit.
-    bool WaitForEnd(std::chrono::seconds limit = kReplyLimit);
+    // Whether the driver has ended by itself, waiting for it.
+    bool WaitForEnd();
 
   private:
-    static constexpr std::chrono::seconds kReplyLimit{60};
+    Reply On(const char* command, const char* control);
 
-    bool WaitForLine(std::chrono::seconds limit);
-
-    QTemporaryDir folder_;
-    QProcess driver_;
+    TempFolder folder_;
+    std::unique_ptr<QProcess> driver_;
 };
 
 }  // namespace ssq

@@ -1,77 +1,90 @@
 #include "support/PageServer.h"
 
-#include <arpa/inet.h>
+#include <httplib.h>
 #include <iconv.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
-#include <algorithm>
-#include <array>
+#include <map>
+#include <mutex>
 #include <stdexcept>
+#include <thread>
 
 namespace ssq {
 
-PageServer::PageServer() : listener_(socket(AF_INET, SOCK_STREAM, 0)) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    auto* raw = reinterpret_cast<sockaddr*>(&address);
-    if (bind(listener_, raw, size) != 0 || listen(listener_, 8) != 0 ||
-        getsockname(listener_, raw, &size) != 0) {
-        throw std::runtime_error("no port for the page server");
+class PageServer::Site {
+  public:
+    Site() : port_(server_.bind_to_any_port("127.0.0.1")) {
+        if (port_ < 0) throw std::runtime_error("no port for the page server");
+        server_.set_keep_alive_max_count(1);
+        server_.Get(".*", [this](const httplib::Request& request, httplib::Response& response) {
+            Answer(request, response);
+        });
+        thread_ = std::thread([this] { server_.listen_after_bind(); });
+        // A stop before the server runs would be lost.
+        while (!server_.is_running()) std::this_thread::yield();
     }
-    url_ = "http://127.0.0.1:" + std::to_string(ntohs(address.sin_port));
-    thread_ = std::thread([this] {
-        for (int connection = 0; (connection = accept(listener_, nullptr, nullptr)) >= 0;) {
-            Answer(connection);
-            close(connection);
-        }
-    });
-}
+    ~Site() {
+        server_.stop();
+        thread_.join();
+    }
+    Site(const Site&) = delete;
+    Site& operator=(const Site&) = delete;
 
-PageServer::~PageServer() {
-    shutdown(listener_, SHUT_RDWR);  // ends the accept
-    thread_.join();
-    close(listener_);
+    int port() const { return port_; }
+    void Serve(const std::string& path, Handler handler) {
+        const std::lock_guard lock(mutex_);
+        handlers_[path] = std::move(handler);
+    }
+    std::vector<std::string> requests() const {
+        const std::lock_guard lock(mutex_);
+        return requests_;
+    }
+
+  private:
+    PageReply Find(const httplib::Request& request) {
+        std::string head = "GET " + request.target + " \r\n";
+        for (const auto& [name, value] : request.headers) head += name + ": " + value + "\r\n";
+        const std::size_t mark = request.target.find('?');
+        const std::lock_guard lock(mutex_);
+        requests_.push_back(head);
+        const auto handler = handlers_.find(request.path);
+        if (handler == handlers_.end()) return {};
+        return handler->second(mark == std::string::npos ? "" : request.target.substr(mark + 1));
+    }
+    void Answer(const httplib::Request& request, httplib::Response& response) {
+        const PageReply reply = Find(request);
+        std::this_thread::sleep_for(reply.delay);
+        if (!reply.location.empty()) response.set_redirect(reply.location);
+        if (reply.cutAt >= reply.body.size()) return response.set_content(reply.body, "text/html");
+        const auto send = [part = reply.body.substr(0, reply.cutAt)](std::size_t, std::size_t,
+                                                                     httplib::DataSink& sink) {
+            sink.write(part.data(), part.size());
+            return false;
+        };
+        response.set_content_provider(reply.body.size(), "text/html", send);
+    }
+
+    httplib::Server server_;
+    int port_;
+    mutable std::mutex mutex_;  // guards what follows
+    std::map<std::string, Handler> handlers_;
+    std::vector<std::string> requests_;
+    std::thread thread_;
+};
+
+PageServer::PageServer() : site_(std::make_unique<Site>()) {}
+
+PageServer::~PageServer() = default;
+
+std::string PageServer::url() const {
+    return "http://127.0.0.1:" + std::to_string(site_->port());
 }
 
 void PageServer::Serve(const std::string& path, Handler handler) {
-    const std::lock_guard lock(mutex_);
-    handlers_[path] = std::move(handler);
+    site_->Serve(path, std::move(handler));
 }
 
 std::vector<std::string> PageServer::requests() const {
-    const std::lock_guard lock(mutex_);
-    return requests_;
-}
-
-void PageServer::Answer(int connection) {
-    std::string head;
-    std::array<char, 4096> buffer{};
-    for (ssize_t got = 1; got > 0 && head.find("\r\n\r\n") == std::string::npos;) {
-        got = recv(connection, buffer.data(), buffer.size(), 0);
-        if (got > 0) head.append(buffer.data(), static_cast<std::size_t>(got));
-    }
-    const std::size_t path = head.find('/');
-    const std::size_t mark = head.find('?', path);
-    const std::size_t end = head.find(' ', path);
-    PageReply reply;
-    {
-        const std::lock_guard lock(mutex_);
-        requests_.push_back(head);
-        const auto handler = handlers_.find(head.substr(path, std::min(mark, end) - path));
-        const std::string query = mark < end ? head.substr(mark + 1, end - mark - 1) : "";
-        if (handler != handlers_.end()) reply = handler->second(query);
-    }
-    std::this_thread::sleep_for(reply.delay);
-    const std::string answer =
-        (reply.location.empty() ? "HTTP/1.0 200 OK"
-                                : "HTTP/1.0 302 Found\r\nLocation: " + reply.location) +
-        "\r\nContent-Length: " + std::to_string(reply.body.size()) + "\r\n\r\n" +
-        reply.body.substr(0, reply.cutAt);
-    send(connection, answer.data(), answer.size(), MSG_NOSIGNAL);  // blocks until all is sent
+    return site_->requests();
 }
 
 std::string Gbk(const std::string& text) {

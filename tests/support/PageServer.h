@@ -1,12 +1,10 @@
-// A web site on loopback for tests: HTTP/1.0, one request to a connection.
+// A web site on loopback for tests.
 #pragma once
 
 #include <chrono>
 #include <functional>
-#include <map>
-#include <mutex>
+#include <memory>
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace ssq {
@@ -29,20 +27,15 @@ class PageServer {
     PageServer(const PageServer&) = delete;
     PageServer& operator=(const PageServer&) = delete;
 
-    std::string url() const { return url_; }
+    std::string url() const;
     void Serve(const std::string& path, Handler handler);
-    // The whole heads of the requests so far.
+    // The heads of the requests so far: "GET path?query ", then "name: value", each line ended by
+    // carriage return and line feed.
     std::vector<std::string> requests() const;
 
   private:
-    void Answer(int connection);
-
-    int listener_ = -1;
-    std::string url_;
-    mutable std::mutex mutex_;  // guards what follows
-    std::map<std::string, Handler> handlers_;
-    std::vector<std::string> requests_;
-    std::thread thread_;
+    class Site;
+    std::unique_ptr<Site> site_;
 };
 
 // UTF-8 text as the sites encode it.

@@ -6,16 +6,18 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "base/ConvertYlDate.h"
-#include "base/dates.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "draws/Draw.h"
 #include "draws/public_fun.h"
+#include "support/paths.h"
 
 namespace ssq {
 
 namespace {
 
 void MakeFromSchema(const std::filesystem::path& file) {
-    std::ifstream stream(SSQ_SCHEMA_FILE, std::ios::binary);
+    std::ifstream stream(SourceFolder() / "data" / "schema.sql", std::ios::binary);
     const std::string schema{std::istreambuf_iterator<char>(stream), {}};
     sqlite3* database = nullptr;
     sqlite3_open(file.c_str(), &database);
@@ -41,7 +43,7 @@ TestDatabase::TestDatabase(const std::filesystem::path& original) {
 }
 
 TestDatabase TestDatabase::Delivered() {
-    return TestDatabase(SSQ_DELIVERED_DATABASE);
+    return TestDatabase(DeliveredDatabase());
 }
 
 void TestDatabase::Open() {
@@ -52,15 +54,17 @@ void TestDatabase::Open() {
 
 void TestDatabase::AddDraw(int issue, std::string_view date, std::string_view reds, int blue,
                            std::string_view drawn) {
-    const std::string day(date);
-    const std::string balls(reds);
-    const Date drawDate = ParseDate(date).value();
-    const std::string nextId = std::to_string(Run("select max(qid) from cphm").Int(0) + 1);
-    Run("insert into cphm(qid,kjqh,kjhm,a1,a2,a3,a4,a5,a6,a7,kjDate,kjWeek,nnDate,cqsx) values(" +
-        nextId + "," + std::to_string(issue) + ",'" + balls + "'," + balls + "," +
-        std::to_string(blue) + ",'" + day + "'," + std::to_string(Weekday(drawDate)) + "," +
-        LunarDay(LunarText(date)) + "," +
-        (drawn.empty() ? "null" : "'" + std::string(drawn) + "'") + ")");
+    NewDraw draw;
+    draw.issue = issue;
+    draw.date = date;
+    draw.blue = blue;
+    draw.drawn = drawn;
+    std::size_t ball = 0;
+    for (const std::string& red : Split(reds, ",")) {
+        draw.balls.at(ball++) = static_cast<int>(WholePart(red));
+    }
+    std::string errorText;
+    if (!InsertDraw(session_.connection, draw, errorText)) throw std::runtime_error(errorText);
     RefreshLatestIssue(session_);
 }
 
@@ -69,6 +73,14 @@ Recordset TestDatabase::Run(const std::string& sql) {
     Recordset rows;
     if (!session_.connection.OpenQuery(sql, errorText, rows)) throw std::runtime_error(errorText);
     return rows;
+}
+
+std::vector<std::string> TestDatabase::Texts(const std::string& sql) {
+    std::vector<std::string> texts;
+    for (Recordset rows = Run(sql); !rows.eof(); rows.MoveNext()) {
+        for (int field = 0; field < rows.FieldCount(); ++field) texts.push_back(rows.Text(field));
+    }
+    return texts;
 }
 
 }  // namespace ssq

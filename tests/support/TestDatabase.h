@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "draws/Public_var.h"
 #include "support/TempFolder.h"
@@ -31,6 +32,9 @@ class TestDatabase {
 
     // Any statement; throws what the store says.
     Recordset Run(const std::string& sql);
+
+    // The fields of its rows as texts, row after row.
+    std::vector<std::string> Texts(const std::string& sql);
 
   private:
     explicit TestDatabase(const std::filesystem::path& original);

@@ -32,11 +32,17 @@ class TestHost final : public Host {
   protected:
     void DoShowBox(const std::string& title, const std::string& text) override {
         boxes.push_back({title, text});
-        if (onPump) onPump();
+        Act();
     }
     void DoPump() override {
         ++pumps;
-        if (onPump) onPump();
+        Act();
+    }
+
+  private:
+    // A copy, since the action may replace itself.
+    void Act() const {
+        if (const auto action = onPump) action();
     }
 };
 

@@ -16,14 +16,6 @@ class UpdateTest : public testing::Test {
         hosts.resultsHost = hosts.orderHost = hosts.salesHost = site.url();
     }
 
-    // The first field of every row, with a blank between them.
-    std::string Column(const std::string& sql) {
-        std::string texts;
-        for (Recordset rows = database.Run(sql); !rows.eof(); rows.MoveNext()) {
-            texts += (texts.empty() ? "" : " ") + rows.Text(0);
-        }
-        return texts;
-    }
     // The boxes since the last call.
     std::vector<std::string> Told() {
         std::vector<std::string> texts = database.host().Texts();

@@ -45,13 +45,12 @@ TEST(MergedFixedCells, FormRectanglesOfEqualNeighbours) {
 }
 
 // Two fixed cells of 10 and 20 pixels, then body cells of 30 each, one of them hidden.
-const GridAxis& SmallAxis() {
-    static const GridAxis kAxis({10, 20, 30, 0, 30, 30, 30}, 2);
-    return kAxis;
+GridAxis SmallAxis(GridAxis::Scrolling scrolling = GridAxis::Scrolling::kSmooth) {
+    return {{10, 20, 30, 0, 30, 30, 30}, 2, scrolling};
 }
 
 TEST(GridAxis, MapsPixelsToCellsAndBack) {
-    const GridAxis& axis = SmallAxis();
+    const GridAxis axis = SmallAxis();
     const auto at = [&axis](int scroll, std::vector<int> pixels) {
         for (int& pixel : pixels) pixel = axis.IndexAt(pixel, scroll);
         return pixels;
@@ -61,16 +60,22 @@ TEST(GridAxis, MapsPixelsToCellsAndBack) {
     EXPECT_EQ(at(45, {29, 30, 45, 105}), (std::vector{1, 4, 5, -1}));
     EXPECT_EQ(axis.Begin(1, 45), 10);
     EXPECT_EQ(axis.End(4, 45), 45);
+    EXPECT_EQ(axis.PageFrom(2, 10), 4);  // at least one cell
+    EXPECT_EQ(axis.PageFrom(2, 1000), 6);
 }
 
-TEST(GridAxis, PagesMoveAtLeastOneCellAndStopAtTheEnds) {
-    EXPECT_EQ(SmallAxis().PageFrom(2, 60), 5);
-    EXPECT_EQ(SmallAxis().PageFrom(2, 10), 4);
-    EXPECT_EQ(SmallAxis().PageFrom(6, -1000), 2);
-    EXPECT_EQ(SmallAxis().PageFrom(2, 1000), 6);
-    EXPECT_EQ(SmallAxis().Step(4, -1), 2);
-    EXPECT_EQ(GridAxis({10, 0}, 1).PageFrom(1, 5), -1);
-    EXPECT_EQ(GridAxis({10, 0}, 1).Step(1, 1), -1);
+TEST(GridAxis, ScrollingEndsOnWholeCells) {
+    const GridAxis axis = SmallAxis(GridAxis::Scrolling::kWholeCells);
+    // In a view of 100 pixels the body has 70: two cells and a part of a third.
+    EXPECT_EQ(SmallAxis().MaxScroll(100), 50);
+    EXPECT_EQ(axis.MaxScroll(100), 60);
+    EXPECT_EQ(axis.ScrollToShow(5, 0, 100), 30);
+    EXPECT_EQ(SmallAxis().ScrollToShow(5, 0, 100), 20);
+    std::vector<int> settled{0, 14, 16, 44, 46, 60, 90, 1000};
+    for (int& scroll : settled) scroll = axis.Settled(scroll);
+    EXPECT_EQ(settled, (std::vector{0, 0, 30, 30, 60, 60, 90, 90}));
+    EXPECT_EQ(axis.MaxScroll(20), 90);  // no room but for the fixed cells
+    EXPECT_EQ(GridAxis({10}, 1, GridAxis::Scrolling::kWholeCells).Settled(5), 5);
 }
 
 }  // namespace

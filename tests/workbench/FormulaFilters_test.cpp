@@ -54,7 +54,6 @@ class Filters : public testing::Test {
     TestDatabase database;
     Session& session = database.session();
     ResultGrid statistics{6, kStatisticsColumns, 1, 0};  // the last row is empty
-    FormulaFilterResult result;
 };
 
 TEST_F(Filters, PassFormulasByThresholdOrMaximum) {
@@ -75,24 +74,25 @@ TEST_F(Filters, PassFormulasByThresholdOrMaximum) {
         {kRateFilter, "", {"Q1B1", "Q1B2", "Q2B3", "Q9B1", ""}, {"1", "-2", "0", "0", "0"}},
     };
     for (const Case& c : cases) {
-        ASSERT_TRUE(FilterForWorkbench(session, statistics, "2003018", c.filter, c.text, result));
-        EXPECT_EQ(Column(result.grid, 0), c.keys) << c.text;
-        EXPECT_EQ(Column(result.grid, 7), c.excess) << c.text;
+        const auto report = FilterForWorkbench(session, statistics, "2003018", c.filter, c.text);
+        ASSERT_TRUE(report);
+        EXPECT_EQ(Column(report->grid, 0), c.keys) << c.text;
+        EXPECT_EQ(Column(report->grid, 7), c.excess) << c.text;
 
-        FormulaFilterResult screen;
-        ASSERT_TRUE(FilterForOmissionScreen(session, statistics, "2003018", "<=1", c.filter,
-                                            ThresholdOf(c.filter, c.text), screen));
-        for (int row = 1; row < result.grid.rows(); ++row) {
-            EXPECT_EQ(Row(screen.grid, row), Row(result.grid, row)) << c.text;
+        const auto screen = FilterForOmissionScreen(session, statistics, "2003018", "<=1", c.filter,
+                                                    ThresholdOf(c.filter, c.text));
+        ASSERT_TRUE(screen);
+        for (int row = 1; row < report->grid.rows(); ++row) {
+            EXPECT_EQ(Row(screen->grid, row), Row(report->grid, row)) << c.text;
         }
-        EXPECT_EQ(screen.grid.rows(), result.grid.rows());
+        EXPECT_EQ(screen->grid.rows(), report->grid.rows());
     }
 }
 
 TEST_F(Filters, NeedStatistics) {
-    EXPECT_FALSE(FilterForWorkbench(session, {}, "2003018", kGapFilter, "1", result));
-    EXPECT_FALSE(FilterForOmissionScreen(session, {}, "2003018", "<=1", kGapFilter, 1, result));
-    EXPECT_FALSE(FilterForWorkbench(session, statistics, "x", kGapFilter, "1", result));
+    EXPECT_FALSE(FilterForWorkbench(session, {}, "2003018", kGapFilter, "1"));
+    EXPECT_FALSE(FilterForOmissionScreen(session, {}, "2003018", "<=1", kGapFilter, 1));
+    EXPECT_FALSE(FilterForWorkbench(session, statistics, "x", kGapFilter, "1"));
     EXPECT_THAT(database.host().Texts(),
                 ElementsAre("没有统计数据！", "没有数据！", "期号填写错误！"));
 }

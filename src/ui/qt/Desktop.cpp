@@ -9,6 +9,8 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QUrl>
+#include <algorithm>
+#include <memory>
 
 namespace ssq {
 
@@ -17,53 +19,91 @@ namespace {
 // Longer texts would make a box higher than the screen.
 constexpr qsizetype kLongestBoxText = 600;
 
-// Puts the whole text into the folding part of the box and its beginning above.
+// What the folding part of a box shows at most, in bytes of UTF-8; more would take long to lay out.
+constexpr qsizetype kLongestDetails = 100'000;
+
+// Lets the lines of a box break inside words that would make it wide, such as the path of a file.
+QString Breakable(const QString& text) {
+    constexpr int kLongestWord = 40;
+    constexpr QChar kMayBreak(0x200B);
+    QString result;
+    int length = 0;
+    for (const QChar c : text) {
+        length = c.isSpace() ? 0 : length + 1;
+        if (length > kLongestWord && !c.isLowSurrogate()) result += kMayBreak;
+        result += c;
+    }
+    return result;
+}
+
+// The beginning of a text that takes no more than `bytes` bytes, whole characters only.
+QString Beginning(const QString& text, qsizetype bytes) {
+    const QByteArray utf8 = text.left(bytes).toUtf8();
+    qsizetype end = std::min(bytes, utf8.size());
+    const auto isContinuation = [](char byte) { return (byte & 0xC0) == 0x80; };
+    while (end < utf8.size() && isContinuation(utf8[end])) --end;
+    return QString::fromUtf8(utf8.first(end));
+}
+
+// Puts the text into the folding part of the box and its beginning above.
 void FoldLongText(QMessageBox& box, const QString& text) {
-    box.setText(text.left(kLongestBoxText) + QStringLiteral("…"));
-    box.setDetailedText(text);
+    const QString details = Beginning(text, kLongestDetails);
+    box.setText(Breakable(text.left(kLongestBoxText)) + QStringLiteral("…"));
+    box.setDetailedText(details);
+    if (details.size() < text.size()) {
+        box.setInformativeText(QStringLiteral("全文共 %1 字节，只能显示前 %2 字节。")
+                                   .arg(text.toUtf8().size())
+                                   .arg(details.toUtf8().size()));
+    }
     for (QAbstractButton* button : box.buttons()) {
         if (box.buttonRole(button) != QMessageBox::ActionRole) continue;
         button->setText(QStringLiteral("显示全文"));
-        // The box renames its button on each click, before this runs.
-        QObject::connect(button, &QAbstractButton::clicked, &box, [button, open = false]() mutable {
+        // The box renames its button on each click; this has the last word.
+        const auto rename = [button, open = false]() mutable {
             open = !open;
             button->setText(open ? QStringLiteral("收起全文") : QStringLiteral("显示全文"));
-        });
+        };
+        QObject::connect(button, &QAbstractButton::clicked, &box, rename, Qt::QueuedConnection);
     }
 }
 
-int RunBox(const QString& title, const QString& text, QMessageBox::Icon icon, bool cancellable) {
-    QMessageBox box(QApplication::activeWindow());
-    box.setIcon(icon);
-    box.setWindowTitle(title);
-    box.setTextFormat(Qt::PlainText);
-    box.setText(text);
-    QPushButton* ok = box.addButton(QMessageBox::Ok);
+std::unique_ptr<QMessageBox> MakeBox(const QString& title, const QString& text,
+                                     QMessageBox::Icon icon) {
+    auto box = std::make_unique<QMessageBox>(QApplication::activeWindow());
+    box->setIcon(icon);
+    box->setWindowTitle(title);
+    box->setTextFormat(Qt::PlainText);
+    box->setText(Breakable(text.left(kLongestBoxText)));
+    QPushButton* ok = box->addButton(QMessageBox::Ok);
     ok->setText(QStringLiteral("确定"));
-    box.setDefaultButton(ok);
-    if (cancellable) box.addButton(QMessageBox::Cancel)->setText(QStringLiteral("取消"));
-    if (text.size() > kLongestBoxText) FoldLongText(box, text);
-    return box.exec();
+    box->setDefaultButton(ok);
+    if (text.size() > kLongestBoxText) FoldLongText(*box, text);
+    return box;
 }
 
 void TellCannotOpen(const QString& what) {
-    RunBox(QStringLiteral("提示"), QStringLiteral("无法打开：") + what, QMessageBox::Information,
-           false);
+    MakeBox(QStringLiteral("提示"), QStringLiteral("无法打开：") + what, QMessageBox::Information)
+        ->exec();
 }
 
 }  // namespace
 
-void SystemDesktop::ShowBox(const QString& title, const QString& text) {
-    RunBox(title, text, QMessageBox::Information, false);
+void SystemDesktop::ShowBox(const QString& title, const QString& text, const QString& note) {
+    const auto box = MakeBox(title, text, QMessageBox::Information);
+    if (!note.isEmpty()) box->setInformativeText(Breakable(note));
+    box->exec();
 }
 
 bool SystemDesktop::Confirm(const QString& title, const QString& text) {
-    return RunBox(title, text, QMessageBox::Question, true) == QMessageBox::Ok;
+    const auto box = MakeBox(title, text, QMessageBox::Question);
+    box->addButton(QMessageBox::Cancel)->setText(QStringLiteral("取消"));
+    return box->exec() == QMessageBox::Ok;
 }
 
 QString SystemDesktop::AskSaveFile(const QString& pattern) {
     return QFileDialog::getSaveFileName(QApplication::activeWindow(), QStringLiteral("保存文件"),
-                                        QString(), pattern);
+                                        QString(), pattern, nullptr,
+                                        QFileDialog::DontConfirmOverwrite);
 }
 
 QString SystemDesktop::AskOpenFile(const QString& pattern) {

@@ -17,13 +17,15 @@ class Desktop {
     Desktop& operator=(const Desktop&) = delete;
     virtual ~Desktop() = default;
 
-    // A modal box with the information icon and OK; long texts fold into details.
-    virtual void ShowBox(const QString& title, const QString& text) = 0;
+    // A modal box with the information icon and OK; long texts fold into details. `note` stands
+    // under the text in smaller print, nothing when it is empty.
+    virtual void ShowBox(const QString& title, const QString& text, const QString& note) = 0;
 
     // A modal box with OK and Cancel; true for OK.
     virtual bool Confirm(const QString& title, const QString& text) = 0;
 
-    // The chosen file, empty when the user cancels. `pattern` is such as "*.xls".
+    // The chosen file, empty when the user cancels. `pattern` is such as "*.xls". Whether a file
+    // that exists may be replaced is asked by the caller, who may still add an ending.
     virtual QString AskSaveFile(const QString& pattern) = 0;
     virtual QString AskOpenFile(const QString& pattern) = 0;
 
@@ -40,7 +42,7 @@ class Desktop {
 // The desktop of a running session.
 class SystemDesktop final : public Desktop {
   public:
-    void ShowBox(const QString& title, const QString& text) override;
+    void ShowBox(const QString& title, const QString& text, const QString& note) override;
     bool Confirm(const QString& title, const QString& text) override;
     QString AskSaveFile(const QString& pattern) override;
     QString AskOpenFile(const QString& pattern) override;

@@ -1,8 +1,12 @@
 #include "ui/qt/GridExport.h"
 
-#include <string>
+#include <QClipboard>
+#include <QDir>
+#include <QFileInfo>
+#include <QGuiApplication>
 
 #include "draws/Public_var.h"
+#include "ui/ClipText.h"
 #include "ui/Host.h"
 #include "ui/qt/Desktop.h"
 #include "ui/qt/GridView.h"
@@ -10,13 +14,35 @@
 
 namespace ssq {
 
+void PutOnClipboard(const std::string& text) {
+    QGuiApplication::clipboard()->setText(Qs(text));
+}
+
+void CopySelection(const GridView& view) {
+    PutOnClipboard(SelectionText(view.grid()));
+}
+
+void CopySelectionAsCondition(const GridView& view) {
+    PutOnClipboard(SelectionConditions(view.grid()));
+}
+
 void SaveGridAsExcel(const PanelContext& context, const GridView& view) {
-    const QString name = context.desktop.AskSaveFile(QStringLiteral("*.xls"));
-    if (name.trimmed().isEmpty()) return;
+    Desktop& desktop = context.desktop;
+    const QString name = desktop.AskSaveFile(QStringLiteral("*.xls"));
+    if (name.trimmed().isEmpty() || context.session.host.stopping()) return;
+    const QString file = QFileInfo(name + QStringLiteral(".xls")).absoluteFilePath();
+    const QString shown = QDir::toNativeSeparators(file);
+    const QString title = QStringLiteral("提示");
+    if (QFileInfo::exists(file) &&
+        !desktop.Confirm(title, QStringLiteral("文件已经存在，要替换它吗？\n") + shown)) {
+        return;
+    }
     std::string reason;
-    const std::string file = (name + QStringLiteral(".xls")).toStdString();
-    const bool saved = WriteWorksheet(view.grid(), file, reason);
-    context.session.host.ShowMessage(saved ? "保存成功！" : "保存失败！" + reason);
+    if (WriteWorksheet(view.grid(), file.toStdString(), reason)) {
+        desktop.ShowBox(title, QStringLiteral("保存成功！"), shown);
+    } else {
+        desktop.ShowBox(title, QStringLiteral("保存失败！") + Qs(reason), shown);
+    }
 }
 
 }  // namespace ssq

@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QPen>
 #include <algorithm>
+#include <array>
+#include <cmath>
 
 #include "base/numbers.h"
 #include "ui/GridLook.h"
@@ -11,6 +13,7 @@ namespace ssq {
 
 namespace {
 
+constexpr const char* kTick = "√";
 constexpr QRgb kPaper = qRgb(0xFF, 0xFF, 0xFF);
 constexpr QRgb kInk = qRgb(0x1E, 0x26, 0x24);
 constexpr QRgb kFreezeLine = qRgb(0x8F, 0xA3, 0x9B);
@@ -119,14 +122,30 @@ void GridPainter::PaintLines(const Pane& pane) {
                              : own      ? Colour(*own)
                                         : Colour(kGridLine)));
     for (int row = pane.rows.first; row <= pane.rows.last; ++row) {
-        const int y = scene_.geometry.rows().End(row, scene_.scroll.y()) - 1;
-        painter_.drawLine(pane.cols.begin, y, pane.cols.end, y);
+        DrawBottomLine(scene_.geometry.rows().End(row, scene_.scroll.y()), pane.cols.begin,
+                       pane.cols.end);
     }
     for (int col = pane.cols.first; col <= pane.cols.last; ++col) {
         if (scene_.geometry.cols().size(col) == 0) continue;
-        const int x = scene_.geometry.cols().End(col, scene_.scroll.x()) - 1;
-        painter_.drawLine(x, pane.rows.begin, x, pane.rows.end);
+        DrawRightLine(scene_.geometry.cols().End(col, scene_.scroll.x()), pane.rows.begin,
+                      pane.rows.end);
     }
+}
+
+// A cell's lines are its last device pixels. Where a logical pixel is no whole number of those, one
+// drawn at the last logical pixel would leave a strip of the cell's colour behind it.
+void GridPainter::DrawRightLine(int end, int top, int bottom) {
+    const QTransform device = painter_.deviceTransform();
+    const double x =
+        (std::round(end * device.m11() + device.dx()) - 1 - device.dx()) / device.m11();
+    painter_.drawLine(QLineF(x, top, x, bottom));
+}
+
+void GridPainter::DrawBottomLine(int end, int left, int right) {
+    const QTransform device = painter_.deviceTransform();
+    const double y =
+        (std::round(end * device.m22() + device.dy()) - 1 - device.dy()) / device.m22();
+    painter_.drawLine(QLineF(left, y, right, y));
 }
 
 void GridPainter::PaintTexts(const Pane& pane) {
@@ -142,6 +161,7 @@ void GridPainter::PaintTexts(const Pane& pane) {
 
 void GridPainter::PaintText(int row, int col, const QRect& rect) {
     const CellStyle& style = scene_.grid.style(row, col);
+    if (scene_.grid.cell(row, col) == kTick) return PaintTick(rect, Ink(row, col));
     const QRect room = Room(rect);
     const GridFonts::Line& line = fonts_.Lay(style, scene_.grid.cell(row, col), room.size());
     const Qt::Alignment alignment =
@@ -162,11 +182,27 @@ QColor GridPainter::Ink(int row, int col) const {
     const CellStyle& style = grid.style(row, col);
     if (style.fore) return Colour(*style.fore);
     const bool fixed = row < grid.fixedRows() || col < grid.fixedCols();
-    const auto& ground = style.mark ? style.mark : style.back ? style.back : grid.gridBack;
-    if (fixed || !ground) return {kInk};
-    QColor ink = InkOn(*ground);
-    if (!grid.paleText.empty() && grid.cell(row, col) == grid.paleText) ink.setAlpha(kPaleAlpha);
+    auto ground = style.mark ? style.mark : style.back;
+    if (!ground && !fixed) ground = grid.gridBack;
+    QColor ink = ground ? InkOn(*ground) : QColor(kInk);
+    const bool pale = !fixed && !grid.paleText.empty() && grid.cell(row, col) == grid.paleText;
+    if (pale) ink.setAlpha(kPaleAlpha);
     return ink;
+}
+
+// Fonts draw the root sign that stands for a tick; a tick has no upper bar.
+void GridPainter::PaintTick(const QRect& cell, const QColor& colour) {
+    constexpr double kShare = 0.55;  // of the lower of the cell's sides
+    constexpr double kThickness = 0.16;
+    const double size = kShare * std::min(cell.width(), cell.height());
+    const QPointF centre = QRectF(cell.adjusted(0, 0, -1, -1)).center();
+    const std::array<QPointF, 3> corners{centre + size * QPointF(-0.5, 0.05),
+                                         centre + size * QPointF(-0.15, 0.4),
+                                         centre + size * QPointF(0.5, -0.4)};
+    painter_.setRenderHint(QPainter::Antialiasing, true);
+    painter_.setPen(QPen(colour, size * kThickness, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter_.drawPolyline(corners.data(), static_cast<int>(corners.size()));
+    painter_.setRenderHint(QPainter::Antialiasing, false);
 }
 
 // A disc, drawn out to a lozenge where the text is wider than the cell is high.
@@ -194,8 +230,8 @@ void GridPainter::PaintMerges(const QRect& area) {
         painter_.setClipRect(rect & area);
         painter_.fillRect(rect, back ? Colour(*back) : Colour(kFixedBack));
         painter_.setPen(Hairline(Colour(kFixedLine)));
-        painter_.drawLine(rect.right(), rect.top(), rect.right(), rect.bottom());
-        painter_.drawLine(rect.left(), rect.bottom(), rect.right(), rect.bottom());
+        DrawRightLine(rect.right() + 1, rect.top(), rect.bottom());
+        DrawBottomLine(rect.bottom() + 1, rect.left(), rect.right());
         PaintText(merge.top, merge.left, rect);
     }
     painter_.setClipRect(area);
@@ -208,12 +244,8 @@ void GridPainter::PaintFreezeLines(const QRect& area) {
     const int bottom = std::min(rows.extent() - scene_.scroll.y(), scene_.view.height());
     painter_.setClipRect(area);
     painter_.setPen(Hairline(QColor(kFreezeLine)));
-    if (rows.fixedExtent() > 0) {
-        painter_.drawLine(0, rows.fixedExtent() - 1, right - 1, rows.fixedExtent() - 1);
-    }
-    if (cols.fixedExtent() > 0) {
-        painter_.drawLine(cols.fixedExtent() - 1, 0, cols.fixedExtent() - 1, bottom - 1);
-    }
+    if (rows.fixedExtent() > 0) DrawBottomLine(rows.fixedExtent(), 0, right - 1);
+    if (cols.fixedExtent() > 0) DrawRightLine(cols.fixedExtent(), 0, bottom - 1);
 }
 
 void GridPainter::PaintSelection(const QRect& area) {
@@ -226,19 +258,23 @@ void GridPainter::PaintSelection(const QRect& area) {
     QColor shade = scene_.highlight;
     shade.setAlpha(scene_.focused ? kSelectionAlpha : kSelectionAlphaUnfocused);
     const QRect rect = visible(range);
-    if (!rect.isEmpty()) painter_.fillRect(rect & area, shade);
+    if (rect.isEmpty()) return;
+    painter_.fillRect(rect & area, shade);
+    PaintFrame(rect);
 
     const int row = scene_.grid.row();
     const int col = scene_.grid.col();
-    const QRect shown = visible({row, col, row, col});
-    if (shown.isEmpty()) return;
-    const QRect cell =
-        Rect(scene_.geometry.CellRect(row, col, scene_.scroll.x(), scene_.scroll.y()));
-    painter_.setClipRect(shown & area);
+    const QRect anchor = visible({row, col, row, col});
+    if (!anchor.isEmpty() && anchor != rect) PaintFrame(anchor);
+}
+
+// A dark line inside a light one stands out from every ground.
+void GridPainter::PaintFrame(const QRect& rect) {
     painter_.setBrush(Qt::NoBrush);
+    painter_.setPen(Hairline(Qt::white));
+    painter_.drawRect(rect.adjusted(0, 0, -2, -2));
     painter_.setPen(Hairline(scene_.highlight.darker()));
-    painter_.drawRect(cell.adjusted(0, 0, -2, -2));
-    painter_.drawRect(cell.adjusted(1, 1, -3, -3));
+    painter_.drawRect(rect.adjusted(1, 1, -3, -3));
 }
 
 bool TextIsClipped(const ResultGrid& grid, int row, int col, const QSize& size, GridFonts& fonts) {

@@ -49,6 +49,10 @@ class GridPainter {
     void PaintSelection(const QRect& area);
     void PaintText(int row, int col, const QRect& rect);
     void PaintMark(const QRect& cell, int textWidth, const QColor& colour);
+    void DrawRightLine(int end, int top, int bottom);
+    void DrawBottomLine(int end, int left, int right);
+    void PaintTick(const QRect& cell, const QColor& colour);
+    void PaintFrame(const QRect& rect);
     QColor Ink(int row, int col) const;
 
     const GridScene& scene_;

@@ -63,6 +63,8 @@ const ResultGrid& GridView::grid() const {
 
 void GridView::SetGrid(ResultGrid grid) {
     EndDrag();
+    pressed_ = {};
+    standsAtBottom_ = false;
     model_->Replace(std::move(grid));
     FitColumns();
     Rebuild();
@@ -133,8 +135,8 @@ QModelIndex GridView::indexAt(const QPoint& point) const {
     return cell ? model_->index(cell->row, cell->col) : QModelIndex();
 }
 
-bool GridView::IsFixed(const Cell& cell) const {
-    return cell.row < grid().fixedRows() || cell.col < grid().fixedCols();
+bool GridView::IsHeading(const Cell& cell) const {
+    return cell.row < grid().fixedRows();
 }
 
 void GridView::scrollTo(const QModelIndex& index, ScrollHint /*hint*/) {
@@ -159,6 +161,14 @@ void GridView::updateGeometries() {
     setUp(*verticalScrollBar(), geometry_.rows(), viewport()->height(), rowStep);
 }
 
+// The newest rows stand at the bottom: who looks at them keeps them in view.
+void GridView::resizeEvent(QResizeEvent* event) {
+    QScrollBar& bar = *verticalScrollBar();
+    if (bar.maximum() > 0) standsAtBottom_ = bar.value() == bar.maximum();
+    QTableView::resizeEvent(event);
+    if (standsAtBottom_) bar.setValue(bar.maximum());
+}
+
 void GridView::scrollContentsBy(int /*dx*/, int /*dy*/) {
     viewport()->update();
 }
@@ -168,7 +178,7 @@ int GridView::horizontalOffset() const {
 }
 
 int GridView::verticalOffset() const {
-    return verticalScrollBar()->value();
+    return geometry_.rows().Settled(verticalScrollBar()->value());
 }
 
 bool GridView::isIndexHidden(const QModelIndex& index) const {
@@ -281,20 +291,22 @@ void GridView::mousePressEvent(QMouseEvent* event) {
 }
 
 void GridView::PressLeft(const Cell& cell, bool extend) {
-    const bool fixed = IsFixed(cell);
-    if (extend && grid().row() >= 0 && !fixed) {
+    pressed_ = cell;
+    const bool heading = IsHeading(cell);
+    if (extend && grid().row() >= 0 && !heading) {
         dragAnchor_ = Cell{grid().row(), grid().col()};
         SelectCells(*dragAnchor_, cell);
     } else {
         dragAnchor_ = cell;
-        if (!fixed) SelectCells(cell, cell);
+        if (!heading) SelectCells(cell, cell);
     }
     if (onPress) onPress(cell.row, cell.col, Qt::LeftButton);
 }
 
 void GridView::PressRight(const std::optional<Cell>& cell, const QPoint& place) {
     if (cell) {
-        if (!IsFixed(*cell) && !SelectedRange(grid()).Contains(cell->row, cell->col)) {
+        pressed_ = *cell;
+        if (!IsHeading(*cell) && !SelectedRange(grid()).Contains(cell->row, cell->col)) {
             SelectCells(*cell, *cell);
         }
         if (onPress) onPress(cell->row, cell->col, Qt::RightButton);
@@ -359,8 +371,8 @@ void GridView::timerEvent(QTimerEvent* event) {
     const int dx = beyond(dragPoint_.x(), left, viewport()->width());
     const int dy = beyond(dragPoint_.y(), top, viewport()->height());
     if (dx == 0 && dy == 0) return;
-    horizontalScrollBar()->setValue(horizontalOffset() + dx);
-    verticalScrollBar()->setValue(verticalOffset() + dy);
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + dx);
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + dy);
     DragTo(dragPoint_);
 }
 
@@ -410,9 +422,10 @@ void GridView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
     if (event->reason() != QContextMenuEvent::Keyboard || !onPopup) return;
     QPoint place(0, 0);
+    pressed_ = {grid().rowSel(), grid().colSel()};
     if (grid().row() >= 0) {
-        BringIntoView({grid().rowSel(), grid().colSel()});
-        place = visualRect(model_->index(grid().rowSel(), grid().colSel())).center();
+        BringIntoView(pressed_);
+        place = visualRect(model_->index(pressed_.row, pressed_.col)).center();
     }
     onPopup(viewport()->mapToGlobal(place));
 }
@@ -426,7 +439,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     const GridAxis& cols = geometry_.cols();
     const bool usable = grid().row() >= 0 && rows.First() >= 0 && cols.First() >= 0;
     if (usable && event->matches(QKeySequence::SelectAll)) {
-        return SelectCells({rows.First(), cols.First()}, {rows.Last(), cols.Last()});
+        return SelectCells({rows.First(), 0}, {rows.Last(), cols.Last()});
     }
     const bool extend = event->modifiers() & Qt::ShiftModifier;
     const Cell anchor{grid().row(), grid().col()};
@@ -443,16 +456,16 @@ std::optional<GridView::Cell> GridView::KeyTarget(int key, bool control, const C
     const GridAxis& cols = geometry_.cols();
     const int page = std::max(1, viewport()->height() - rows.fixedExtent());
     const int row = std::clamp(from.row, rows.First(), rows.Last());
-    const int col = std::clamp(from.col, cols.First(), cols.Last());
+    const int col = std::min(from.col, cols.Last());
     switch (key) {
         case Qt::Key_Up:
-            return Cell{control ? rows.First() : rows.Step(from.row, -1), col};
+            return Cell{control ? rows.First() : rows.Step(from.row, -1, rows.fixed()), col};
         case Qt::Key_Down:
-            return Cell{control ? rows.Last() : rows.Step(from.row, 1), col};
+            return Cell{control ? rows.Last() : rows.Step(from.row, 1, rows.fixed()), col};
         case Qt::Key_Left:
-            return Cell{row, control ? cols.First() : cols.Step(from.col, -1)};
+            return Cell{row, control ? cols.First() : cols.Step(from.col, -1, 0)};
         case Qt::Key_Right:
-            return Cell{row, control ? cols.Last() : cols.Step(from.col, 1)};
+            return Cell{row, control ? cols.Last() : cols.Step(from.col, 1, 0)};
         case Qt::Key_Home:
             return Cell{control ? rows.First() : row, cols.First()};
         case Qt::Key_End:

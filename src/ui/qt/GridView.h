@@ -35,12 +35,16 @@ class GridView final : public QTableView {
     void Edit(const std::function<void(ResultGrid&)>& change);
 
     // Sent for a press of the left or right button on a cell, fixed ones included, after the
-    // selection has moved there. A press on a fixed cell leaves the selection; a drag from it
+    // selection has moved there. A press on a heading row leaves the selection; a drag from it
     // selects. The second press of a double click is sent too.
     std::function<void(int row, int col, Qt::MouseButton button)> onPress;
     std::function<void(int row, int col)> onDoubleClick;
     // The right button or the menu key: the panel raises its popup at this place of the screen.
     std::function<void(const QPoint& place)> onPopup;
+    // The cell under the last press, or that of the menu key: what a popup's entry is about when
+    // the press left a selection of several rows as it was. -1 before the first press.
+    int pressedRow() const { return pressed_.row; }
+    int pressedCol() const { return pressed_.col; }
     // Ctrl+C.
     std::function<void()> onCopy;
 
@@ -60,6 +64,7 @@ class GridView final : public QTableView {
 
   protected:
     void updateGeometries() override;
+    void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     int horizontalOffset() const override;
     int verticalOffset() const override;
@@ -87,7 +92,7 @@ class GridView final : public QTableView {
     };
 
     std::optional<Cell> CellAt(const QPoint& point) const;
-    bool IsFixed(const Cell& cell) const;
+    bool IsHeading(const Cell& cell) const;
     double PixelsPerTwip() const;
 
     void FitColumns();
@@ -112,10 +117,12 @@ class GridView final : public QTableView {
     GridGeometry geometry_;
     std::vector<int> fittedWidths_;  // pixels, per column without a width of its own
     double shownPixelsPerTwip_ = 0;
+    Cell pressed_;
     std::optional<Cell> dragAnchor_;
     QPoint dragPoint_;
     bool dragging_ = false;
     int resizingCol_ = -1;
+    bool standsAtBottom_ = false;  // before the last change of size
     QBasicTimer autoScroll_;
     bool showingSelection_ = false;
 };

@@ -31,6 +31,7 @@ class IssueCombo final : public QComboBox {
 // as far back as banker learning looks.
 inline constexpr int kStartAtLearning = -1;
 inline constexpr int kStartWide = 49;
+inline constexpr int kStartSixtyDraws = 59;
 
 // Fills the range: the end is the newest issue, the start the entry told. On failure the error text
 // is shown and the combos stay as they are.

@@ -22,9 +22,9 @@ class PanelRuns {
 
     // What a run changes on its panel while it lasts.
     struct Controls {
-        ProgressStrip* strip = nullptr;  // shown from the run's first progress on
-        QPushButton* button = nullptr;   // disabled
-        QString busyCaption = {};        // of the button; empty leaves its own
+        ProgressStrip* strip = nullptr;   // shown from the run's first progress on
+        QPushButton* button = nullptr;    // disabled
+        QString busyCaption = QString();  // of the button; empty leaves its own
         // A failed run leaves the button as it is, until the panel is opened anew.
         bool staysAfterFailure = false;
     };

@@ -9,7 +9,7 @@
 namespace ssq {
 
 void QtHost::DoShowBox(const std::string& title, const std::string& text) {
-    desktop_.ShowBox(Qs(title), Qs(text));
+    desktop_.ShowBox(Qs(title), Qs(text), {});
 }
 
 void QtHost::DoPump() {

@@ -62,6 +62,10 @@ void RangePanel::SetResultsCaption(const std::string& caption) {
     resultsGroup_->setTitle(Qs(caption));
 }
 
+QString RangePanel::resultsCaption() const {
+    return resultsGroup_->title();
+}
+
 bool RangePanel::Show(std::optional<GridReport> report) {
     if (!report || isClosed()) return false;
     if (!report->caption.empty()) SetResultsCaption(report->caption);

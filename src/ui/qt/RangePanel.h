@@ -58,6 +58,7 @@ class RangePanel : public Panel {
     GridView* AddResults(const char* groupName, const char* caption);
     GridView& results() const { return *vs1_; }
     void SetResultsCaption(const std::string& caption);
+    QString resultsCaption() const;
 
     // Shows a report with its last rows in view; false for none, and the grid stays.
     bool Show(std::optional<GridReport> report);

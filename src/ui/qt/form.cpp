@@ -10,7 +10,8 @@
 #include <QPushButton>
 
 #include "ui/qt/Desktop.h"
-#include "ui/qt/GridCopy.h"
+#include "ui/qt/ElidedGroup.h"
+#include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
 
@@ -50,7 +51,7 @@ void BringUp(QWidget& window) {
 }
 
 QGroupBox* AddGroup(QBoxLayout* layout, const char* name, const QString& caption) {
-    auto* group = Named(new QGroupBox(caption), name);
+    auto* group = Named<QGroupBox>(new ElidedGroup(caption), name);
     new QVBoxLayout(group);
     layout->addWidget(group);
     return group;

@@ -12,11 +12,8 @@
 #include "ui/GridGeometry.h"
 #include "ui/GridLook.h"
 #include "ui/ResultGrid.h"
-#include "ui/xls/CompoundFile.h"
 #include "ui/xls/RecordWriter.h"
-#include "ui/xls/StringTable.h"
 #include "ui/xls/StyleTable.h"
-#include "ui/xls/Utf16.h"
 #include "ui/xls/Workbook.h"
 
 namespace ssq {
@@ -38,6 +35,16 @@ std::optional<double> PlainNumber(const std::string& text) {
     if (!std::all_of(text.begin(), text.end(), isPart)) return std::nullopt;
     const auto value = ParseNumber(text);
     return value && NumberText(*value) == text ? value : std::nullopt;
+}
+
+// Whether the texts of a column's body are amounts: plain numbers, with a dash where there is none.
+bool HoldsNumbers(const ResultGrid& grid, int col) {
+    if (grid.names(col)) return false;
+    for (int row = grid.fixedRows(); row < grid.rows(); ++row) {
+        const std::string& text = grid.cell(row, col);
+        if (!text.empty() && text != "-" && !PlainNumber(text)) return false;
+    }
+    return true;
 }
 
 // The general form of the sheet changes to an exponent behind this many digits.
@@ -91,9 +98,12 @@ std::string Obstacle(const ResultGrid& grid) {
 
 class SheetWriter {
   public:
-    explicit SheetWriter(const ResultGrid& grid) : grid_(grid), merges_(MergedFixedCells(grid)) {}
+    explicit SheetWriter(const ResultGrid& grid) : grid_(grid), merges_(MergedFixedCells(grid)) {
+        for (int col = 0; col < grid.cols(); ++col)
+            holdsNumbers_.push_back(HoldsNumbers(grid, col));
+    }
 
-    std::string Workbook() {
+    std::optional<std::string> File() {
         xls::BeginSubstream(writer_, xls::Substream::kSheet);
         WriteColumns();
         WriteDimensions();
@@ -107,7 +117,7 @@ class SheetWriter {
         WriteWindow();
         WriteMerges();
         writer_.Begin(Record::kEof);
-        return AssembleWorkbook(styles_, strings_, writer_.TakeBytes());
+        return WorkbookFile(styles_, strings_, writer_.TakeBytes());
     }
 
   private:
@@ -154,7 +164,9 @@ class SheetWriter {
 
     void WriteCell(int row, int col) {
         const std::string& text = grid_.cell(row, col);
-        const auto number = PlainNumber(text);
+        const bool mayBeNumber =
+            row >= grid_.fixedRows() && holdsNumbers_[static_cast<std::size_t>(col)];
+        const auto number = mayBeNumber ? PlainNumber(text) : std::nullopt;
         const bool wholeNumber = number && NeedsWholeNumberForm(text);
         const std::uint32_t format = styles_.Index(Format(row, col, wholeNumber));
         const auto begin = [&](Record type) -> xls::RecordWriter& {
@@ -219,6 +231,7 @@ class SheetWriter {
 
     const ResultGrid& grid_;
     std::vector<CellRange> merges_;
+    std::vector<bool> holdsNumbers_;  // per column
     xls::StyleTable styles_;
     xls::StringTable strings_;
     xls::RecordWriter writer_;
@@ -230,7 +243,7 @@ bool WriteWorksheet(const ResultGrid& grid, const std::filesystem::path& file,
                     std::string& errorText) {
     errorText = Obstacle(grid);
     if (!errorText.empty()) return false;
-    const auto bytes = xls::CompoundFile(SheetWriter(grid).Workbook());
+    const auto bytes = SheetWriter(grid).File();
     if (!bytes) {
         errorText = "内存不足。";
         return false;

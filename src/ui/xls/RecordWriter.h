@@ -1,4 +1,5 @@
-// The record stream of a BIFF8 worksheet: type, length of the body, body; all little-endian.
+// The record stream of a BIFF8 worksheet: type, length of the body, body; all little-endian; and
+// its texts, which are UTF-16.
 #pragma once
 
 #include <cstddef>
@@ -7,6 +8,15 @@
 #include <string_view>
 
 namespace ssq::xls {
+
+// Bytes that are no UTF-8 become U+FFFD.
+std::u16string ToUtf16(std::string_view utf8);
+
+// Whether every unit fits in one byte, which halves the text in the file.
+bool FitsShortForm(std::u16string_view text);
+
+// The first half of a surrogate pair.
+bool IsHighSurrogate(char16_t unit);
 
 // Record numbers of the published file format ([MS-XLS], 2.3).
 enum class Record : std::uint16_t {

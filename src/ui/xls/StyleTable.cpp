@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "ui/xls/RecordWriter.h"
-#include "ui/xls/Utf16.h"
 
 namespace ssq::xls {
 

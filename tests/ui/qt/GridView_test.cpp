@@ -10,7 +10,7 @@
 #include <QScrollBar>
 #include <QTest>
 
-#include "ui/qt/GridCopy.h"
+#include "ui/qt/GridExport.h"
 
 namespace ssq {
 namespace {
@@ -20,7 +20,6 @@ using Numbers = std::vector<int>;
 constexpr Rgb kRed{250, 0, 0};
 constexpr Rgb kGreen{51, 153, 102};
 constexpr Rgb kBlue{0, 0, 250};
-constexpr Rgb kWhite{255, 255, 255};
 
 // Columns of 40 pixels and rows of 20 at 96 dpi; two fixed rows, two fixed columns.
 ResultGrid BigGrid() {
@@ -80,16 +79,21 @@ class GridViewTest : public testing::Test {
 
 TEST_F(GridViewTest, FixedCellsStayWhileTheBodyScrolls) {
     view_.horizontalScrollBar()->setValue(100);
-    view_.verticalScrollBar()->setValue(50);
+    view_.verticalScrollBar()->setValue(48);  // ends on a whole row
     EXPECT_EQ(CellRect(1, 1), QRect(40, 20, 40, 20));
     EXPECT_EQ(CellRect(1, 5), QRect(100, 20, 40, 20));
-    EXPECT_EQ(CellRect(6, 1), QRect(40, 70, 40, 20));
+    EXPECT_EQ(CellRect(6, 1), QRect(40, 80, 40, 20));
     EXPECT_EQ(view_.indexAt(Centre(9, 8)), view_.model()->index(9, 8));
     // Beneath the fixed cells lies what has scrolled away.
     EXPECT_EQ(view_.indexAt(Centre(2, 2)), view_.model()->index(0, 0));
     view_.verticalScrollBar()->setValue(1'000'000);
     view_.horizontalScrollBar()->setValue(1'000'000);
-    EXPECT_EQ(CellRect(199, 39).bottomRight(), view_.viewport()->rect().bottomRight());
+    EXPECT_EQ(CellRect(199, 39).right(), view_.viewport()->rect().right());
+    for (const int height : {330, 250, 500, 333}) {  // who stands at the bottom stays there
+        view_.resize(440, height);
+        EXPECT_TRUE(view_.viewport()->rect().contains(CellRect(199, 39))) << height;
+        EXPECT_EQ(CellRect(view_.indexAt(QPoint(90, 45)).row(), 39).top(), 40) << height;
+    }
     // A changed cell leaves the scroll, a changed selection comes into view.
     view_.Edit([](ResultGrid& grid) { grid.SetCell(2, 2, "x"); });
     EXPECT_TRUE(view_.viewport()->rect().contains(CellRect(199, 39)));
@@ -113,6 +117,16 @@ TEST_F(GridViewTest, DragsSelectARectangle) {
     }
 }
 
+TEST_F(GridViewTest, DraggedBordersResizeTheColumnBeforeThem) {
+    for (const int grip : {-2, 0, 2}) {
+        view_.SetGrid(BigGrid());
+        const QPoint border = CellRect(0, 4).topRight() + QPoint(1 + grip, 5);
+        Drag(border, border + QPoint(15 - grip, 0));
+        EXPECT_EQ(CellRect(0, 4), QRect(160, 0, 55, 20)) << grip;
+        EXPECT_EQ(CellRect(0, 5), QRect(215, 0, 40, 20)) << grip;
+    }
+}
+
 TEST_F(GridViewTest, KeysMoveExtendAndCopyTheSelection) {
     view_.Edit([](ResultGrid& grid) { grid.SetHidden(6, true); });
     const int page = view_.viewport()->height() / 20 - 2;
@@ -130,10 +144,14 @@ TEST_F(GridViewTest, KeysMoveExtendAndCopyTheSelection) {
              {Qt::Key_End, control, {199, 39, 199, 39}},
              {Qt::Key_Down, {}, {199, 39, 199, 39}},
              {Qt::Key_Home, control, {2, 2, 2, 2}},
+             {Qt::Key_Left, shift, {2, 2, 2, 1}},  // into the fixed columns
+             {Qt::Key_Left, {}, {2, 1, 2, 1}},
+             {Qt::Key_Down, shift, {2, 1, 3, 1}},
+             {Qt::Key_Home, control, {2, 2, 2, 2}},
              {Qt::Key_PageDown, {}, {2 + page, 2, 2 + page, 2}},
              {Qt::Key_PageUp, {}, {2, 2, 2, 2}},
              {Qt::Key_Down, control | shift, {2, 2, 199, 2}},
-             {Qt::Key_A, control, {2, 2, 199, 39}},
+             {Qt::Key_A, control, {2, 0, 199, 39}},
          }) {
         QTest::keyClick(&view_, key, modifiers);
         EXPECT_EQ(Selection(), selection) << key;
@@ -150,13 +168,6 @@ TEST_F(GridViewTest, KeysMoveExtendAndCopyTheSelection) {
     EXPECT_EQ(Selection(), (Numbers{-1, -1, -1, -1}));
 }
 
-TEST_F(GridViewTest, FocusAloneSelectsNothing) {
-    view_.SetGrid(ResultGrid(1, 3, 1, 0));  // a heading alone
-    QFocusEvent focus(QEvent::FocusIn, Qt::TabFocusReason);
-    QCoreApplication::sendEvent(&view_, &focus);
-    EXPECT_EQ(Selection(), (Numbers{-1, -1, -1, -1}));
-}
-
 TEST_F(GridViewTest, PressesReportTheCellAndRaiseThePopup) {
     std::vector<Numbers> presses;
     std::vector<QPoint> popups;
@@ -170,7 +181,10 @@ TEST_F(GridViewTest, PressesReportTheCellAndRaiseThePopup) {
     Click(4, 4);                                     // a cell takes it
     Click(7, 7, Qt::LeftButton, Qt::ShiftModifier);  // extends it
     Click(5, 5, Qt::RightButton);                    // inside: it stays
-    Click(9, 5, Qt::RightButton);                    // outside: it moves
+    EXPECT_EQ(view_.pressedRow(), 5);
+    Click(9, 5, Qt::RightButton);  // outside: it moves
+    Click(8, 1);                   // fixed columns belong to their row
+    Click(7, 0, Qt::RightButton);
     QTest::mouseDClick(view_.viewport(), Qt::LeftButton, {}, Centre(5, 6));
     presses.erase(presses.end() - 2);  // the second press of the double click
     EXPECT_EQ(presses, (std::vector<Numbers>{{0, 4, Qt::LeftButton, 6, 6},
@@ -178,22 +192,28 @@ TEST_F(GridViewTest, PressesReportTheCellAndRaiseThePopup) {
                                              {7, 7, Qt::LeftButton, 4, 4},
                                              {5, 5, Qt::RightButton, 4, 4},
                                              {9, 5, Qt::RightButton, 9, 5},
+                                             {8, 1, Qt::LeftButton, 8, 1},
+                                             {7, 0, Qt::RightButton, 7, 0},
                                              {5, 6}}));
     // The menu key raises it at the selection.
     QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(), QPoint());
     QCoreApplication::sendEvent(view_.viewport(), &key);
-    ASSERT_EQ(popups.size(), 3U);
+    ASSERT_EQ(popups.size(), 4U);
     EXPECT_EQ(popups[1], view_.viewport()->mapToGlobal(Centre(9, 5)));
-    EXPECT_EQ(popups[2], view_.viewport()->mapToGlobal(Centre(5, 6)));
+    EXPECT_EQ(popups[3], view_.viewport()->mapToGlobal(Centre(5, 6)));
 }
 
-TEST_F(GridViewTest, APressMayReplaceTheGrid) {
+TEST_F(GridViewTest, APressMayReplaceTheGridAndFocusSelectsNothing) {
     view_.onPress = [&](int, int, Qt::MouseButton) { view_.SetGrid(ResultGrid(3, 3, 2, 2)); };
     Drag(Centre(5, 5), QPoint(200, 200));
     EXPECT_EQ(Selection(), (Numbers{2, 2, 2, 2}));
+    view_.SetGrid(ResultGrid(1, 3, 1, 0));  // a heading alone
+    QFocusEvent focus(QEvent::FocusIn, Qt::TabFocusReason);
+    QCoreApplication::sendEvent(&view_, &focus);
+    EXPECT_EQ(Selection(), (Numbers{-1, -1, -1, -1}));
 }
 
-TEST_F(GridViewTest, PaintsColoursMarksAndLines) {
+TEST_F(GridViewTest, PaintsColoursMarksLinesAndMerges) {
     ResultGrid grid = BigGrid();
     grid.gridBack = kGreen;
     grid.gridLines = kBlue;
@@ -211,18 +231,13 @@ TEST_F(GridViewTest, PaintsColoursMarksAndLines) {
     EXPECT_EQ(Pixel(Centre(5, 5)), kGreen);
     view_.Edit([](ResultGrid& edited) { edited.Select(4, 4, 4, 5); });
     EXPECT_NE(Ground(4, 4), kRed);
-    view_.SetGrid(ResultGrid());
-    EXPECT_EQ(Pixel(view_.viewport()->rect().center()), kWhite);
-}
-
-TEST_F(GridViewTest, PaintsMergedCellsAsOne) {
-    ResultGrid grid = BigGrid();
-    for (int col = 1; col <= 5; ++col) grid.SetCell(0, col, "group");
-    grid.SetBack(0, 1, kRed);
-    grid.SetMergeRow(0);
-    view_.SetGrid(std::move(grid));
+    // A merged heading is one cell, also where it has scrolled beneath the fixed column.
+    view_.Edit([](ResultGrid& edited) {
+        for (int col = 1; col <= 5; ++col) edited.SetCell(0, col, "group");
+        edited.SetBack(0, 1, kRed);
+        edited.SetMergeRow(0);
+    });
     EXPECT_EQ(Pixel(CellRect(0, 3).topRight() + QPoint(0, 3)), kRed);
-    // Scrolled beneath the fixed column, the merged cell still joins both sides.
     view_.horizontalScrollBar()->setValue(100);
     EXPECT_EQ(Ground(0, 5), kRed);
     EXPECT_NE(Ground(0, 6), kRed);
@@ -232,30 +247,12 @@ TEST_F(GridViewTest, AssistiveTechnologySeesATable) {
     QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&view_);
     ASSERT_TRUE(table && table->tableInterface());
     QAccessibleInterface* cell = table->tableInterface()->cellAt(3, 4);
-    ASSERT_NE(cell, nullptr);
-    EXPECT_EQ(cell->text(QAccessible::Name).toStdString(), "3.4");
+    EXPECT_EQ(cell->text(QAccessible::Name), QStringLiteral("3.4"));
     EXPECT_EQ(cell->rect(), CellRect(3, 4).translated(view_.viewport()->mapToGlobal(QPoint(0, 0))));
-    EXPECT_EQ(table->tableInterface()->columnDescription(4).toStdString(), "1.4");
-    EXPECT_EQ(table->tableInterface()->rowDescription(3).toStdString(), "3.0");
+    EXPECT_EQ(table->tableInterface()->columnDescription(4), QStringLiteral("1.4"));
     view_.selectionModel()->setCurrentIndex(view_.model()->index(90, 20),
                                             QItemSelectionModel::ClearAndSelect);
     EXPECT_EQ(Selection(), (Numbers{90, 20, 90, 20}));
-}
-
-TEST(GridFonts, TextsShrinkALittleBeforeTheyAreCut) {
-    GridFonts fonts{QFont()};
-    const CellStyle style;
-    const std::string text = "2013001";
-    const int full = fonts.For(style).metrics.horizontalAdvance(CellText(text));
-    const auto lay = [&](int room) { return fonts.Lay(style, text, QSize(room, 20)); };
-    EXPECT_EQ(lay(full).width, full);
-    const auto shrunk = lay(full - full / 8);
-    EXPECT_LE(shrunk.width, full - full / 8);
-    EXPECT_FALSE(shrunk.clipped);
-    const auto cut = lay(full / 2);
-    EXPECT_TRUE(cut.clipped);
-    EXPECT_LE(cut.width, full / 2);
-    EXPECT_EQ(cut.text.back(), QChar(0x2026));
 }
 
 }  // namespace

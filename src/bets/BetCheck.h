@@ -1,0 +1,32 @@
+// One bet against a plan, condition by condition, as a reader of the plan would check it.
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "base/RedSet.h"
+#include "bets/BetPlan.h"
+
+namespace ssq {
+
+struct BetVerdict {
+    bool candidate = false;           // of usable reds, with all bankers
+    std::vector<std::size_t> failed;  // indexes into the plan's conditions
+    bool remains = false;             // a candidate within the tolerance, all musts met
+};
+
+// `reds` are six; anything else is no candidate and fails nothing. `previous` is the draw before,
+// empty when there is none.
+BetVerdict CheckBet(const BetPlan& plan, RedSet reds, RedSet previous);
+
+// What the plan would have said of past draws.
+struct BetHistory {
+    std::vector<BetVerdict> verdicts;  // in the order of the draws
+    int passed = 0;
+};
+
+// Checks the last `count` of the draws (oldest first), each with the draw before it.
+BetHistory CheckHistory(const BetPlan& plan, std::span<const RedSet> draws, std::size_t count);
+
+}  // namespace ssq

@@ -1,0 +1,16 @@
+// The list of the number segments, to read beside their chart.
+#pragma once
+
+#include "ui/qt/Panel.h"
+
+namespace ssq {
+
+class frmQDDZ final : public Panel {
+  public:
+    explicit frmQDDZ(const PanelContext& context, QWidget* parent = nullptr);
+
+    // At the right of a window, as far as the screen allows.
+    void ShowBeside(const QWidget& window);
+};
+
+}  // namespace ssq

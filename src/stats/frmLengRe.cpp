@@ -1,0 +1,56 @@
+#include "stats/frmLengRe.h"
+
+#include <QBoxLayout>
+#include <QComboBox>
+
+#include "draws/Public_var.h"
+#include "stats/HeatRanking.h"
+#include "ui/Host.h"
+#include "ui/qt/GridExport.h"
+#include "ui/qt/GridView.h"
+#include "ui/qt/form.h"
+
+namespace ssq {
+
+namespace {
+
+constexpr int kRangeOpens = 59;  // entries below the newest issue
+
+}  // namespace
+
+frmLengRe::frmLengRe(const PanelContext& context, QWidget* parent)
+    : RangePanel(context, parent, {{"frmLengRe", " 红球分期冷热统计", 1280, 760}, kRangeOpens}) {
+    cboFxqs_ = AddCombo(inputs(), "cboFxqs", QStringLiteral("分析最近"),
+                        {"3", "5", "10", "30", "50", "100", kWholeHistory});
+    AddRunButton({.name = "Command1",
+                  .caption = "分期冷热统计",
+                  .isDisabledInRun = true,
+                  .staysAfterFailure = true,
+                  .busyCaption = "统计中..."},
+                 [this](Run& run) { return Rank(run); });
+    GridView* vs1 = AddResults("Frame2", "分析结果");
+    SetPopup(context, *vs1, "m_frmLengrePaiming", "排名分析",
+             {{"m_frmLengren_fuzhi", "复制选中的号码", [vs1] { CopySelection(*vs1); }},
+              {"m_frmlengre_hmpm", "该号排名分析", [this] { ShowCourse(); }}});
+}
+
+bool frmLengRe::Rank(Run& run) {
+    HeatOutcome outcome =
+        RankByHeat(session(), {range(), cboFxqs_->currentText().toStdString()}, run);
+    Show(std::move(outcome.report));
+    return !outcome.failed;
+}
+
+void frmLengRe::ShowCourse() {
+    const ResultGrid& grid = results().grid();
+    const std::string& number = grid.cell(results().pressedRow(), results().pressedCol());
+    if (!IsRedText(number)) {
+        session().host.ShowMessage("该单元格不是红球号码，请在号码上点击右键！");
+        return;
+    }
+    if (course_) course_->close();
+    course_ = new frmLrHMfx(context(), grid, number, this);
+    course_->show();
+}
+
+}  // namespace ssq

@@ -1,0 +1,12 @@
+// Where the build and the sources keep what tests read.
+#pragma once
+
+#include <filesystem>
+
+namespace ssq {
+
+std::filesystem::path DeliveredDatabase();
+std::filesystem::path SourceFolder();  // of the whole project
+std::filesystem::path PanelDriver();   // the program
+
+}  // namespace ssq
