@@ -17,13 +17,10 @@
 #include "stats/frmHongHaomaGens.h"
 #include "stats/frmJianGe.h"
 #include "stats/frmLengRe.h"
-<<<<<<< HEAD
 #include "tools/ZDY_XDM.h"
 #include "tools/frmDFjishuan.h"
 #include "tools/frmLSBJ.h"
 #include "tools/frmMtoN.h"
-=======
->>>>>>> w/learn
 #include "ui/qt/form.h"
 #include "workbench/frmShaHao.h"
 #include "wrap/frm18MaWeiHong.h"

@@ -122,17 +122,6 @@ std::optional<std::vector<int>> ParseNumberList(std::string_view text, int low, 
         numbers.push_back(static_cast<int>(*value));
     }
     if (numbers.empty()) return std::nullopt;
-<<<<<<< HEAD
-=======
-    return numbers;
-}
-
-std::vector<int> IntList(std::string_view list) {
-    std::vector<int> numbers;
-    for (const std::string& item : Split(list, ",")) {
-        numbers.push_back(ToInt(WholePart(Val(item))));
-    }
->>>>>>> w/learn
     return numbers;
 }
 

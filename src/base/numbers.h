@@ -28,12 +28,9 @@ std::int64_t WholePart(std::string_view text);
 // The same of a number.
 std::int64_t WholePart(double value);
 
-<<<<<<< HEAD
 // The leading whole numbers of the items of a comma text, held to the range of an int.
 std::vector<int> IntList(std::string_view list);
 
-=======
->>>>>>> w/learn
 // The value held to the range of an int.
 int ToInt(std::int64_t value);
 
@@ -41,12 +38,6 @@ int ToInt(std::int64_t value);
 // no whole number from `low` to `high`, or there is none.
 std::string NumberListText(std::span<const int> numbers);
 std::optional<std::vector<int>> ParseNumberList(std::string_view text, int low, int high);
-<<<<<<< HEAD
-=======
-
-// The leading whole numbers of the items of a comma text, held to the range of an int.
-std::vector<int> IntList(std::string_view list);
->>>>>>> w/learn
 
 // Two decimals, ties to the even digit.
 double Round(double value);

@@ -60,13 +60,8 @@ std::string ConditionOf(const PeriodRange& range) {
 DrawBalls BallsOf(std::string_view reds) {
     DrawBalls balls{};
     std::size_t at = 0;
-<<<<<<< HEAD
-    for (const std::string& item : Split(reds, ",")) {
-        if (at < balls.size()) balls[at++] = BallOf(WholePart(item));
-=======
     for (const int number : IntList(reds)) {
-        if (at < balls.size()) balls[at++] = number >= 0 && number < 100 ? number : 0;
->>>>>>> w/learn
+        if (at < balls.size()) balls[at++] = BallOf(number);
     }
     return balls;
 }

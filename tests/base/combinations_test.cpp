@@ -6,19 +6,6 @@
 namespace ssq {
 namespace {
 
-<<<<<<< HEAD
-=======
-using testing::ElementsAre;
-
-TEST(ComboLists, KeepTheDictionaryOrderAndTheirDifferentTexts) {
-    EXPECT_THAT(ComboList1("01,,2"), ElementsAre("1", "2", ""));
-    EXPECT_THAT(ComboList2("01,02,,3"), ElementsAre("01,02", "01,3", "02,3", ""));
-    EXPECT_THAT(ComboList3("01,02,03,04"), ElementsAre("1,2,3", "1,2,4", "1,3,4", "2,3,4", ""));
-    EXPECT_THAT(ComboList4("1,2,3,4"), ElementsAre("1,2,3,4", ""));
-    EXPECT_THAT(ComboList5("1,2,3,4"), ElementsAre(""));
-}
-
->>>>>>> w/learn
 TEST(CombinationRank, CountsThroughTheDictionaryOrder) {
     std::int32_t place = 0;
     SixReds r{};
@@ -40,7 +27,6 @@ TEST(CombinationRank, RefusesWhatIsNoAscendingSix) {
                                 SixReds{2, 1, 3, 4, 5, 6}, SixReds{1, 2, 3, 4, 6, 6}}) {
         EXPECT_EQ(CombinationRank(reds), 0);
     }
-<<<<<<< HEAD
 }
 
 using testing::ElementsAre;
@@ -51,8 +37,6 @@ TEST(ComboLists, KeepTheDictionaryOrderAndTheirDifferentTexts) {
     EXPECT_THAT(ComboList3("01,02,03,04"), ElementsAre("1,2,3", "1,2,4", "1,3,4", "2,3,4", ""));
     EXPECT_THAT(ComboList4("1,2,3,4"), ElementsAre("1,2,3,4", ""));
     EXPECT_THAT(ComboList5("1,2,3,4"), ElementsAre(""));
-=======
->>>>>>> w/learn
 }
 
 }  // namespace
