@@ -25,9 +25,11 @@ void RecordLearning(Transaction& all, const std::vector<ScoredFormula>& good, in
     all.Execute("delete from xxjl where id< (select min(id) from xxjlmin)");
     const std::vector<ScoredFormula> best = BestOf(good, kRecorded);
     if (best.size() < kRecorded) return;
-    Values values{NowText(), std::int64_t{xxqs}};
-    for (const ScoredFormula& formula : best) values.push_back(FormulaText(formula.positions));
-    for (const ScoredFormula& formula : best) values.push_back(formula.rate);
+    Values values;
+    values.emplace_back(NowText());
+    values.emplace_back(std::int64_t{xxqs});
+    for (const ScoredFormula& formula : best) values.emplace_back(FormulaText(formula.positions));
+    for (const ScoredFormula& formula : best) values.emplace_back(formula.rate);
     all.Execute("insert into xxjl(rdate,rqs,r1gs,r2gs,r3gs,r1mz,r2mz,r3mz) values(?,?,?,?,?,?,?,?)",
                 values);
 }
@@ -36,9 +38,11 @@ bool Store(Session& session, const std::vector<ScoredFormula>& good, int xxqs) {
     {
         Transaction all(session.connection);
         all.Execute("delete from trate");
+        Values row(2);
         for (const ScoredFormula& formula : good) {
-            all.Execute("Insert into trate(gs,rate) values(?,?)",
-                        {FormulaText(formula.positions), formula.rate});
+            row[0] = FormulaText(formula.positions);
+            row[1] = formula.rate;
+            all.Execute("Insert into trate(gs,rate) values(?,?)", row);
         }
         RecordLearning(all, good, xxqs);
         if (!CommitOrTell(session, all)) return false;

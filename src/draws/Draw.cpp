@@ -60,8 +60,8 @@ std::string ConditionOf(const PeriodRange& range) {
 DrawBalls BallsOf(std::string_view reds) {
     DrawBalls balls{};
     std::size_t at = 0;
-    for (const std::string& item : Split(reds, ",")) {
-        if (at < balls.size()) balls[at++] = BallOf(WholePart(item));
+    for (const int number : IntList(reds)) {
+        if (at < balls.size()) balls[at++] = BallOf(number);
     }
     return balls;
 }
