@@ -16,7 +16,7 @@ constexpr int kLearningDraws = 100;
 constexpr const char* kCandidateText = "0,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,23";
 constexpr double kThresholds[] = {30, 40, 50, 70, 80};
 
-// The rule as it is told, on draws as texts, newest first.
+// The rule in its plain form, on draws as texts, newest first.
 double FormulaHitRate(ssq::Host& host, const std::vector<std::string>& hm,
                       const std::string& formula, int xxqs) {
     int hits = 0;

@@ -74,7 +74,7 @@ int main() {
     std::string plain;
     std::string fast;
     const auto rank = [&](const ssq::PeriodRange& range) {
-        const auto outcome = ssq::RankByHeat(session, {range, ssq::kWholeHistory}, run);
+        const auto outcome = ssq::BuildHeatRanking(session, {range, ssq::kWholeHistory}, run);
         ssq::RequireEqual(outcome.report && !outcome.failed, "a whole run");
         fast = OrdersOf(outcome.report->grid);
     };

@@ -31,7 +31,7 @@ std::vector<RedSet> MakeDraws(int count) {
     return draws;
 }
 
-// The rule as it is told: every set, every draw, every cell, on plain integers.
+// The rule in its plain form: every set, every draw, every cell, on plain integers.
 class PlainSearch {
   public:
     PlainSearch(const HitMatrix& matrix, const KillGoal& goal)

@@ -129,7 +129,7 @@ int main() {
         Texts wraps;
         const double seconds = ssq::SecondsOf(3, [&] {
             ssq::Run run(session.host);
-            wraps = WrapsOf(ssq::RedWrapTable(session, range, run)->grid);
+            wraps = WrapsOf(ssq::BuildRedWrap(session, range, run)->grid);
         });
         const std::string what = "red wrap of " + std::to_string(draws.size()) + " draws";
         ssq::RequireEqual(wraps == expected, what);

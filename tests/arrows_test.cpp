@@ -34,8 +34,8 @@ const std::map<std::string, Folders> kAllowed = {
     {"acquire", kAnalysis},
     {"banker", kAnalysis},
     // Attributes of bets that the charts show under the same names are counted by their
-    // calculators.
-    {"bets", kAnalysis + Folders{"charts"}},
+    // calculators; plans take in what the wraps and the heat name for the next draw.
+    {"bets", kAnalysis + Folders{"charts", "stats", "wrap"}},
     {"charts", kAnalysis},
     {"history", kAnalysis},
     {"kill", kAnalysis},
@@ -44,8 +44,8 @@ const std::map<std::string, Folders> kAllowed = {
     {"workbench", kAnalysis},
     {"wrap", kAnalysis},
     // The shell opens the panels and runs the commands of the menu.
-    {"app", kAnalysis + Folders{"acquire", "banker", "charts", "history", "kill", "stats", "tools",
-                                "workbench", "wrap"}},
+    {"app", kAnalysis + Folders{"acquire", "banker", "bets", "charts", "history", "kill", "stats",
+                                "tools", "workbench", "wrap"}},
 };
 
 TEST(Floors, IncludesOnlyGoDown) {

@@ -29,8 +29,7 @@ int main(int argc, char** argv) {
     }
     const ssq::OneProgram one(arguments[1].toStdString());
     if (!one.isFirst()) {
-        std::fputs("panel_driver: a program is running on this folder already
-", stderr);
+        std::fputs("panel_driver: a program is running on this folder already\n", stderr);
         return 1;
     }
     ssq::Program program(desktop, arguments[1].toStdString());

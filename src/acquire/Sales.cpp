@@ -1,6 +1,7 @@
 #include "acquire/Sales.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -203,25 +204,26 @@ void UpdateSales(Session& session) {
     session.host.ShowMessage("更新完成,共更新" + std::to_string(want - 1) + "期！");
 }
 
-bool SalesTable(Session& session, const PeriodRange& range, ResultGrid& grid) {
-    grid = ResultGrid(kFixedRows, kCols, kFixedRows, 1);
-    if (!CheckPeriod(session, range)) return false;
+std::optional<GridReport> BuildSalesTable(Session& session, const PeriodRange& range) {
     Recordset rows;
-    if (!QueryOrTell(session,
+    if (!CheckPeriod(session, range) ||
+        !QueryOrTell(session,
                      SelectSales(" kjqh>=" + range.start + " and kjqh<=" + range.end +
                                  "   order by kjqh asc"),
                      rows)) {
-        return false;
+        return std::nullopt;
     }
     const int runningRow = kFixedRows + rows.recordcount();
-    grid.SetRows(runningRow + 1);
+    ResultGrid grid(runningRow + 1, kCols, kFixedRows, 1);
     SetLayout(grid);
     WriteHeaders(grid);
     for (int row = kFixedRows; !rows.eof(); rows.MoveNext()) WriteDrawn(rows, row++, grid);
     Recordset running;
-    if (!QueryOrTell(session, SelectSales("iscurrent=1 order by kjqh asc "), running)) return false;
-    if (!running.eof()) WriteNumbers(running, runningRow, grid);
-    return true;
+    if (QueryOrTell(session, SelectSales("iscurrent=1 order by kjqh asc "), running) &&
+        !running.eof()) {
+        WriteNumbers(running, runningRow, grid);
+    }
+    return GridReport{std::move(grid), {}};
 }
 
 }  // namespace ssq

@@ -1,8 +1,10 @@
 // Online sales: the red numbers of each issue by how much they were bought.
 #pragma once
 
+#include <optional>
+
 #include "draws/public_fun.h"
-#include "ui/ResultGrid.h"
+#include "ui/ColumnTable.h"
 
 namespace ssq {
 
@@ -13,8 +15,8 @@ struct Session;
 // message when the program is being closed.
 void UpdateSales(Session& session);
 
-// The sales of a range and of the running issue. False after telling the user; the grid is then
-// cleared, or has no running issue when only that could not be read.
-bool SalesTable(Session& session, const PeriodRange& range, ResultGrid& grid);
+// The sales of a range and of the running issue; without the latter where only that could not be
+// read. Nothing after telling the user.
+std::optional<GridReport> BuildSalesTable(Session& session, const PeriodRange& range);
 
 }  // namespace ssq

@@ -5,6 +5,7 @@
 #include "acquire/Sales.h"
 #include "draws/Public_var.h"
 #include "ui/Host.h"
+#include "ui/qt/GridView.h"
 
 namespace ssq {
 
@@ -27,9 +28,8 @@ frmSale::frmSale(const PanelContext& context, QWidget* parent)
 }
 
 bool frmSale::Query() {
-    ResultGrid grid;
-    SalesTable(session(), range(), grid);
-    return Show(GridReport{std::move(grid), {}});
+    results().SetGrid({});
+    return Show(BuildSalesTable(session(), range()));
 }
 
 bool frmSale::Update() {

@@ -5,6 +5,7 @@
 #include "draws/Public_var.h"
 #include "ui/qt/Desktop.h"
 #include "ui/qt/PanelContext.h"
+#include "ui/qt/Qs.h"
 
 namespace ssq {
 

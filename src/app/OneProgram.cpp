@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "ui/qt/PanelContext.h"
+#include "ui/qt/Qs.h"
 
 namespace ssq {
 

@@ -27,7 +27,8 @@ void Program::Start() {
 void Program::End() {
     host_.Stop();
     if (window_) window_->close();
-    QCoreApplication::quit();
+    // quit() would ask every window first, and a dialog may refuse to close.
+    QCoreApplication::exit(0);
 }
 
 QWidget& Program::mainWindow() {

@@ -24,6 +24,7 @@
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
 #include "ui/qt/ProgressStrip.h"
+#include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
 
 namespace ssq {
@@ -54,6 +55,8 @@ void frmMain::BuildControls() {
     end_ = AddIssueCombo(query, "cboEdate", QStringLiteral("结束期号:"), "Label2");
     AddButton(query, "Command1", QStringLiteral("胆码推荐"), [this] { Recommend(); });
     AddButton(query, "Command3", QStringLiteral("购买彩票"), [this] { BuyTickets(); });
+    AddButton(query, "cmdXuanHao", QStringLiteral("选号台"),
+              [this] { panels_->Open(QStringLiteral("frmXuanHao")); });
 
     progress_ = new ProgressStrip(QStringLiteral("正在学习中......."));
     column->addWidget(progress_);
@@ -190,7 +193,7 @@ void frmMain::Recommend() {
     const auto settings = ReadBankerSettings(session);
     ShowLearningMode(settings);
     if (!settings) return;
-    auto report = RecommendBankers(session, RangeOf(*start_, *end_), settings->dmgs);
+    auto report = BuildBankerRecommendation(session, RangeOf(*start_, *end_), settings->dmgs);
     if (!report) return;
     resultGroup_->setTitle(Qs(report->caption));
     vs1_->SetGrid(std::move(report->grid));
@@ -214,7 +217,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
     context_.session.host.Stop();
     context_.session.connection.Close();
     event->accept();
-    QApplication::quit();
+    QApplication::exit(0);  // quit() would ask the other windows, too
 }
 
 }  // namespace ssq

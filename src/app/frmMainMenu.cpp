@@ -41,6 +41,7 @@ constexpr std::array kTools = {
     MenuEntry{"m_xqhmcx", "下期号码查询器", kNothing},
     MenuEntry{"m_plzh", "排列组合计算器", kOpenPanel, "frmMtoN"},
     MenuEntry{"m_danfujs", "胆拖|复式计算器", kOpenPanel, "frmDFjishuan"},
+    MenuEntry{"m_xuanhao", "选号台", kOpenPanel, "frmXuanHao"},
 };
 
 constexpr std::array kStatistics = {

@@ -5,6 +5,7 @@
 #include "acquire/frmSale.h"
 #include "banker/frmXUEXI.h"
 #include "banker/frmxxjl.h"
+#include "bets/frmXuanHao.h"
 #include "charts/frmLHzst.h"
 #include "charts/frmWeiHangLie.h"
 #include "charts/frmWeiShu.h"
@@ -63,6 +64,7 @@ const std::map<QString, Make<Panel>>& Panels() {
         Modeless<frmWeiLan>("frmWeiLan"),
         Modeless<frmWeiShu>("frmWeiShu"),
         Modeless<frmWeizhi1107568>("frmWeizhi1107568"),
+        Modeless<frmXuanHao>("frmXuanHao"),
         Modeless<frmZST>("frmZST"),
     };
     return kPanels;

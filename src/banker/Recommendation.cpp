@@ -189,7 +189,8 @@ void FillRateRow(const Inputs& inputs, ResultGrid& grid, int row, const ColumnCo
 
 }  // namespace
 
-std::optional<GridReport> RecommendBankers(Session& session, const PeriodRange& range, int dmgs) {
+std::optional<GridReport> BuildBankerRecommendation(Session& session, const PeriodRange& range,
+                                                    int dmgs) {
     Inputs inputs;
     inputs.dmgs = dmgs;
     if (!ReadInputs(session, range, inputs)) return std::nullopt;

@@ -13,6 +13,7 @@ struct Session;
 
 // With the formulas in trate, which must have `dmgs` positions; nothing after telling the user
 // why not.
-std::optional<GridReport> RecommendBankers(Session& session, const PeriodRange& range, int dmgs);
+std::optional<GridReport> BuildBankerRecommendation(Session& session, const PeriodRange& range,
+                                                    int dmgs);
 
 }  // namespace ssq

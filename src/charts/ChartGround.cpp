@@ -1,5 +1,6 @@
 #include "charts/ChartGround.h"
 
+#include "base/numbers.h"
 #include "base/text.h"
 #include "ui/palette.h"
 
@@ -50,10 +51,17 @@ std::string DrawsCaption(std::size_t draws) {
     return "走势图结果  [共" + std::to_string(draws) + "期]";
 }
 
+void WriteChartRates(const ColumnCounts& counts, ResultGrid& grid, int row, int firstCol,
+                     int lastCol, int whole) {
+    for (int col = firstCol; col <= lastCol; ++col) {
+        grid.SetCell(row, col, NumberText(Round(100.0 * counts[col] / whole)));
+    }
+}
+
 void WriteSmallRates(const ColumnCounts& counts, ResultGrid& grid, int row, int firstCol,
                      int lastCol, int whole) {
     constexpr int kPoints = 8;
-    counts.WriteRates(grid, row, firstCol, lastCol, whole);
+    WriteChartRates(counts, grid, row, firstCol, lastCol, whole);
     for (int col = firstCol; col <= lastCol; ++col) {
         grid.SetFont(row, col, "Arial Narrow", kPoints);
     }

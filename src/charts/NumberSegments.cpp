@@ -4,7 +4,9 @@
 #include <cstdlib>
 #include <vector>
 
+#include "base/numbers.h"
 #include "base/text.h"
+#include "charts/ChartGround.h"
 #include "charts/rowLngZST.h"
 #include "draws/AppendMissing.h"
 #include "draws/Draw.h"
@@ -17,7 +19,7 @@ namespace {
 
 // A stored draw as the rows after it need it; zeros where there is none.
 struct Placed {
-    std::int32_t place = 0;
+    std::int64_t place = 0;
     int segment = 0;
 };
 
@@ -51,7 +53,7 @@ bool ReadHistory(Session& session, const std::string& issue, History& history) {
     if (!QueryOrTell(session, sql, {issue}, rows)) return false;
     for (Placed& placed : history) {
         if (rows.eof()) break;
-        placed = {static_cast<std::int32_t>(rows.Int(0)), static_cast<int>(rows.Int(1))};
+        placed = {rows.Int(0), ToInt(rows.Int(1))};
         rows.MoveNext();
     }
     return true;
@@ -66,7 +68,7 @@ bool AddSegmentRow(Session& session, const Draw& draw) {
     const std::int32_t place = CombinationRank(reds);
     const int segment = SegmentOf(place);
     const Placed& last = history[0];
-    const std::int32_t step = last.place == 0 ? 0 : std::abs(last.place - place);
+    const std::int64_t step = last.place == 0 ? 0 : std::abs(last.place - place);
     const Flags flags = FlagsOf(segment, history);
     return ExecuteOrTell(
         session,
@@ -165,7 +167,7 @@ std::optional<GridReport> BuildSegmentChart(Session& session, const PeriodRange&
     }
     for (int row = 1; !rows.eof(); rows.MoveNext()) FillDraw(grid, row++, rows, hits);
     grid.SetCell(draws + 1, 1, "共" + std::to_string(draws) + "期");
-    hits.WriteRates(grid, draws + 1, kSegment, kLastFlag, draws);
+    WriteChartRates(hits, grid, draws + 1, kSegment, kLastFlag, draws);
     return report;
 }
 

@@ -19,7 +19,7 @@ inline constexpr std::int32_t kSegmentWidth = kCombinationCount / kSegments;
 static_assert(kSegments * kSegmentWidth == kCombinationCount);
 
 // The segment (1 to 16) of a place from 1 to kCombinationCount, 0 for any other.
-constexpr int SegmentOf(std::int32_t place) {
+constexpr int SegmentOf(std::int64_t place) {
     return place >= 1 && place <= kCombinationCount ? (place - 1) / kSegmentWidth + 1 : 0;
 }
 

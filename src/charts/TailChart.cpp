@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "charts/ChartGround.h"
 #include "charts/dapan_fx.h"
 #include "charts/tails.h"
 #include "draws/Draw.h"
@@ -195,7 +196,7 @@ void FillRates(ResultGrid& grid, const std::vector<Values>& rows) {
                     if (value && scores(*value, above)) counts.Add(col);
                 }
             }
-            counts.WriteRates(grid, rateRow, rated.firstCol, rated.lastCol, draws);
+            WriteChartRates(counts, grid, rateRow, rated.firstCol, rated.lastCol, draws);
         }
     }
 }

@@ -6,6 +6,8 @@
 #include <algorithm>
 
 #include "charts/NumberSegments.h"
+#include "ui/qt/Qs.h"
+#include "ui/qt/form.h"
 
 namespace ssq {
 
@@ -30,8 +32,7 @@ void frmQDDZ::ShowBeside(const QWidget& window) {
     const QPoint beside = window.frameGeometry().topRight() + QPoint(1, 0);
     move(std::min(beside.x(), screen.right() + 1 - frameGeometry().width()),
          std::max(beside.y(), screen.top()));
-    raise();
-    activateWindow();
+    BringUp(*this);
 }
 
 }  // namespace ssq

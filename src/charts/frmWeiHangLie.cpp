@@ -6,6 +6,7 @@
 #include "charts/RowColumnChart.h"
 #include "draws/Public_var.h"
 #include "ui/Host.h"
+#include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
 
 namespace ssq {

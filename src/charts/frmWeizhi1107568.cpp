@@ -18,11 +18,11 @@ frmWeizhi1107568::frmWeizhi1107568(const PanelContext& context, QWidget* parent)
                "然后再分析每注开奖号码出现在哪个区段,用于定龙头非常稳定");
 }
 
-frmWeizhi1107568::~frmWeizhi1107568() = default;
-
 void frmWeizhi1107568::ShowSegments() {
-    if (!segments_ || segments_->isClosed()) segments_ = new frmQDDZ(context(), this);
-    segments_->ShowBeside(*this);
+    // A window of its own, which outlives this panel.
+    auto* segments = parentWidget()->findChild<frmQDDZ*>();
+    if (!segments || segments->isClosed()) segments = new frmQDDZ(context(), parentWidget());
+    segments->ShowBeside(*this);
 }
 
 }  // namespace ssq

@@ -6,6 +6,7 @@
 #include "charts/MainTrendChart.h"
 #include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
+#include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
 
 namespace ssq {

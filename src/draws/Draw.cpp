@@ -16,6 +16,11 @@ constexpr const char* kDrawsInDrawnOrder = "kjqh,kjhm,null,null,a1,a2,a3,a4,a5,a
 constexpr int kFirstBallField = 4;
 constexpr int kBlueField = kFirstBallField + kRedsInDraw;
 
+// What has no two digits is no ball and counts as 0.
+int BallOf(std::int64_t number) {
+    return number >= 0 && number < 100 ? static_cast<int>(number) : 0;
+}
+
 Draw ReadRow(const Recordset& rows) {
     Draw draw;
     draw.issue = rows.Text(0);
@@ -23,9 +28,9 @@ Draw ReadRow(const Recordset& rows) {
     draw.drawn = rows.Text(2);
     draw.date = rows.Text(3);
     for (int ball = 0; ball < kRedsInDraw; ++ball) {
-        draw.balls[static_cast<std::size_t>(ball)] = ToInt(rows.Int(kFirstBallField + ball));
+        draw.balls[static_cast<std::size_t>(ball)] = BallOf(rows.Int(kFirstBallField + ball));
     }
-    draw.blue = ToInt(rows.Int(kBlueField));
+    draw.blue = BallOf(rows.Int(kBlueField));
     draw.set = RedSet::FromList(draw.reds);
     return draw;
 }
@@ -56,8 +61,7 @@ DrawBalls BallsOf(std::string_view reds) {
     DrawBalls balls{};
     std::size_t at = 0;
     for (const std::string& item : Split(reds, ",")) {
-        const std::int64_t number = WholePart(item);
-        if (at < balls.size()) balls[at++] = number >= 0 && number < 100 ? ToInt(number) : 0;
+        if (at < balls.size()) balls[at++] = BallOf(WholePart(item));
     }
     return balls;
 }

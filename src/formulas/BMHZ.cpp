@@ -1,5 +1,6 @@
 #include "formulas/BMHZ.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <string_view>
 
@@ -61,7 +62,8 @@ std::string ShiftDraw(const std::string& target, const std::string& source, int 
         if (Contains(target, shifted.back())) ++hits;
     };
     for (const std::string& item : Split(source, ",")) {
-        const int number = static_cast<int>(WholePart(item));
+        // Stored text may hold anything; no sum may overflow.
+        const auto number = static_cast<int>(std::clamp<std::int64_t>(WholePart(item), -999, 999));
         if (mode != ShiftMode::kPlus) add(LoweredInRing(number, offset));
         if (mode != ShiftMode::kMinus) add(RaisedInRing(number, offset));
     }

@@ -95,7 +95,7 @@ ResultGrid HistoryGrid(Recordset& draws) {
     return grid;
 }
 
-std::optional<GridReport> ShowHistory(Session& session, const HistoryRequest& request) {
+std::optional<GridReport> BuildHistory(Session& session, const HistoryRequest& request) {
     Recordset draws;
     if (!CheckFilter(session.host, request.pool, "奖池额") ||
         !CheckFilter(session.host, request.firstPrizes, "一等注数") ||

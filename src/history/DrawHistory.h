@@ -36,6 +36,6 @@ bool CheckNumberRange(Host& host, std::string_view fromText, std::string_view to
 ResultGrid HistoryGrid(Recordset& draws);
 
 // Checks the request and runs it; nothing after telling the user why not.
-std::optional<GridReport> ShowHistory(Session& session, const HistoryRequest& request);
+std::optional<GridReport> BuildHistory(Session& session, const HistoryRequest& request);
 
 }  // namespace ssq

@@ -32,7 +32,7 @@ NumberFilter frmHistory::FilterControls::Read() const {
 }
 
 bool frmHistory::Query() {
-    auto report = ShowHistory(session(), {range(), pool_.Read(), firstPrizes_.Read()});
+    auto report = BuildHistory(session(), {range(), pool_.Read(), firstPrizes_.Read()});
     if (!report) return false;
     const int draws = report->grid.rows() - report->grid.fixedRows();
     if (draws > 0) setWindowTitle(QStringLiteral(" 开奖历史数据__共%1期开奖数据").arg(draws));

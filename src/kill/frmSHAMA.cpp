@@ -11,6 +11,7 @@
 #include "kill/frmSHAMAxxjl.h"
 #include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
+#include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
 
 namespace ssq {

@@ -9,6 +9,7 @@
 
 #include "base/numbers.h"
 #include "ui/qt/MDLcolse.h"
+#include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
 
 namespace ssq {

@@ -193,7 +193,7 @@ class Detail {
 
 }  // namespace
 
-std::optional<GridReport> AnalyseEdgeCodes(Session& session, const EdgeRequest& request) {
+std::optional<GridReport> BuildEdgeCodes(Session& session, const EdgeRequest& request) {
     const bool isDetail = request.view == EdgeView::kDetail;
     // The detail asks for one draw more than it can need, and does without a range that lacks it.
     const auto draws =

@@ -27,6 +27,6 @@ struct EdgeRequest {
 // One row for each draw of the range and one of rates; the detail has the edge codes for the next
 // draw, too. Nothing after a box: "期号填写错误！", "数据不足！" when the range is empty or too few
 // draws precede it, or the store's error text.
-std::optional<GridReport> AnalyseEdgeCodes(Session& session, const EdgeRequest& request);
+std::optional<GridReport> BuildEdgeCodes(Session& session, const EdgeRequest& request);
 
 }  // namespace ssq

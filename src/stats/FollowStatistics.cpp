@@ -82,7 +82,8 @@ bool CheckNumberList(Host& host, std::string_view list) {
     return false;
 }
 
-std::optional<GridReport> FollowNumbers(Session& session, const FollowRequest& request, Run& run) {
+std::optional<GridReport> BuildFollowStatistics(Session& session, const FollowRequest& request,
+                                                Run& run) {
     const std::string list = PaddedList(request.list);
     if (list.empty() || !CheckPeriod(session, request.range)) return std::nullopt;
     const auto draws = ReadDraws(session, request.range);

@@ -25,6 +25,7 @@ struct FollowRequest {
 // One row for each draw of the range, one column for each part and one for the whole list, and the
 // share of draws that each hit. Nothing for a list without numbers, after "期号填写错误！" or the
 // store's error text, and when the run has ended.
-std::optional<GridReport> FollowNumbers(Session& session, const FollowRequest& request, Run& run);
+std::optional<GridReport> BuildFollowStatistics(Session& session, const FollowRequest& request,
+                                                Run& run);
 
 }  // namespace ssq

@@ -194,14 +194,14 @@ HeatOrder HeatOrderOf(std::span<const Draw> window) {
     return order;
 }
 
-HeatOutcome RankByHeat(Session& session, const HeatRequest& request, Run& run) {
-    if (!CheckPeriod(session, request.range)) return {};
+HeatOutcome BuildHeatRanking(Session& session, const HeatRequest& request, Run& run) {
+    if (!CheckPeriod(session, request.range)) return {.report = {}, .failed = true};
     auto history = ReadAllDraws(session);
     if (!history) return {.report = {}, .failed = true};
     const auto stretch = FindStretch(std::move(*history), request);
     if (!stretch) {
         session.host.ShowMessage("期号填写错误！");
-        return {};
+        return {.report = {}, .failed = true};
     }
     const int draws = stretch->count();
     HeatOutcome outcome{GridReport{

@@ -40,7 +40,7 @@ struct HeatOutcome {
 // order for the next draw, and the share of rows that hit each zone. The scratch table rtoc holds
 // the balls of the last window at the end. An issue that is none is refused with a message, and
 // there is nothing to show.
-HeatOutcome RankByHeat(Session& session, const HeatRequest& request, Run& run);
+HeatOutcome BuildHeatRanking(Session& session, const HeatRequest& request, Run& run);
 
 // How the heat position of a number moved over the rows of a grid of RankByHeat.
 struct HeatCourse {

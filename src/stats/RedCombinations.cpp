@@ -194,7 +194,8 @@ ResultGrid Display(Recordset& rows, const CombinationTable& table) {
 std::optional<GridReport> ShowTable(Session& session, const PeriodRange& range,
                                     const CombinationTable& table) {
     if (!CheckPeriod(session, range)) return std::nullopt;
-    if (IsStale(session, table.name) && !table.bringLevel(session)) return std::nullopt;
+    // What could not be brought level has been told; what there is, is shown.
+    if (IsStale(session, table.name)) static_cast<void>(table.bringLevel(session));
     Recordset rows;
     if (!QueryOrTell(session,
                      "Select kjqh as 开奖期号,kjhm as 开奖号码," + table.columns + " from " +
@@ -208,7 +209,7 @@ std::optional<GridReport> ShowTable(Session& session, const PeriodRange& range,
 
 }  // namespace
 
-std::optional<GridReport> ShowGaps(Session& session, const PeriodRange& range) {
+std::optional<GridReport> BuildGaps(Session& session, const PeriodRange& range) {
     // The neighbours first, then the other pairs by their first position.
     return ShowTable(session, range,
                      {"jiangeTongji",
@@ -217,7 +218,7 @@ std::optional<GridReport> ShowGaps(Session& session, const PeriodRange& range) {
                       {{7, 11}}});
 }
 
-std::optional<GridReport> ShowSums(Session& session, const PeriodRange& range) {
+std::optional<GridReport> BuildSums(Session& session, const PeriodRange& range) {
     return ShowTable(
         session, range,
         {"hezitj", AppendSums, ColumnNames(PairsToQuadruples()), {{12, 21}, {32, 41}}});

@@ -13,7 +13,7 @@ namespace ssq {
 // value of the draw before and of those with an odd value. The table is brought level with the
 // draws when it lacks the newest one: that of the gaps is made anew, that of the sums gets the rows
 // it lacks. Nothing after a box: "期号填写错误！" or the store's error text.
-std::optional<GridReport> ShowGaps(Session& session, const PeriodRange& range);
-std::optional<GridReport> ShowSums(Session& session, const PeriodRange& range);
+std::optional<GridReport> BuildGaps(Session& session, const PeriodRange& range);
+std::optional<GridReport> BuildSums(Session& session, const PeriodRange& range);
 
 }  // namespace ssq

@@ -51,7 +51,7 @@ bool frmBianMa::Analyse() {
     } else if (request.b > kFormulaOffsets) {
         request.view = EdgeView::kByOffset;
     }
-    return Show(AnalyseEdgeCodes(session(), request));
+    return Show(BuildEdgeCodes(session(), request));
 }
 
 }  // namespace ssq

@@ -12,8 +12,9 @@ namespace ssq {
 
 namespace {
 
-constexpr int kRangeOpens = 28;  // entries below the newest issue
-constexpr int kListWidth = 420;  // pixels, for a list of some twenty numbers
+constexpr int kRangeOpens = 28;           // entries below the newest issue
+constexpr int kLongestList = 33 * 3 - 1;  // characters: all reds once
+constexpr int kListWidth = 420;           // pixels, for a list of some twenty numbers
 
 }  // namespace
 
@@ -22,6 +23,7 @@ frmHongHaomaGens::frmHongHaomaGens(const PanelContext& context, QWidget* parent)
     txtHM_ = AddTextBox(inputs(), "txtHM", QStringLiteral("输入号码："));
     txtHM_->setText(QStringLiteral("01,02,03,04,05,06,07"));
     txtHM_->setFixedWidth(kListWidth);
+    txtHM_->setMaxLength(kLongestList);
     cboN_ = AddCombo(inputs(), "cboN", {}, {"1码", "2码", "3码"});
     AddRunButton({"Command1", "分析"}, [this](Run& run) { return Analyse(run); });
     AddResults("Frame2",
@@ -35,7 +37,7 @@ bool frmHongHaomaGens::Analyse(Run& run) {
         txtHM_->setFocus();
         return false;
     }
-    return Show(FollowNumbers(session(), {range(), list, cboN_->currentIndex() + 1}, run));
+    return Show(BuildFollowStatistics(session(), {range(), list, cboN_->currentIndex() + 1}, run));
 }
 
 }  // namespace ssq

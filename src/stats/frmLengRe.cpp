@@ -12,14 +12,9 @@
 
 namespace ssq {
 
-namespace {
-
-constexpr int kRangeOpens = 59;  // entries below the newest issue
-
-}  // namespace
-
 frmLengRe::frmLengRe(const PanelContext& context, QWidget* parent)
-    : RangePanel(context, parent, {{"frmLengRe", " 红球分期冷热统计", 1280, 760}, kRangeOpens}) {
+    : RangePanel(context, parent,
+                 {{"frmLengRe", " 红球分期冷热统计", 1280, 760}, kStartSixtyDraws}) {
     cboFxqs_ = AddCombo(inputs(), "cboFxqs", QStringLiteral("分析最近"),
                         {"3", "5", "10", "30", "50", "100", kWholeHistory});
     AddRunButton({.name = "Command1",
@@ -36,7 +31,7 @@ frmLengRe::frmLengRe(const PanelContext& context, QWidget* parent)
 
 bool frmLengRe::Rank(Run& run) {
     HeatOutcome outcome =
-        RankByHeat(session(), {range(), cboFxqs_->currentText().toStdString()}, run);
+        BuildHeatRanking(session(), {range(), cboFxqs_->currentText().toStdString()}, run);
     Show(std::move(outcome.report));
     return !outcome.failed;
 }

@@ -5,6 +5,7 @@
 #include "draws/Draw.h"
 #include "stats/HeatRanking.h"
 #include "ui/qt/LineChart.h"
+#include "ui/qt/Qs.h"
 
 namespace ssq {
 

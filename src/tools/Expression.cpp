@@ -357,9 +357,9 @@ ExpressionValue Parser::ParsePrefix() {
     Advance();
     const ExpressionValue operand = ParseExpression(op == kNot ? kComparisons : kSign);
     place_ = at;
-    const ExpressionValue value = op == kNot     ? Not(operand)
-                                  : op == kMinus ? Negate(operand)
-                                                 : ExpressionValue(ToNumber(operand));
+    ExpressionValue value = op == kNot     ? Not(operand)
+                            : op == kMinus ? Negate(operand)
+                                           : ExpressionValue(ToNumber(operand));
     place_ = token_.at;
     return value;
 }

@@ -39,7 +39,8 @@ WholeDivision ToWholeDivision(const Value& left, const Value& right) {
 
 double DivideWhole(const Value& left, const Value& right) {
     const auto [dividend, divisor] = ToWholeDivision(left, right);
-    return ToWhole(static_cast<double>(dividend / divisor));
+    const std::int64_t quotient = dividend / divisor;
+    return ToWhole(static_cast<double>(quotient));
 }
 
 double Remainder(const Value& left, const Value& right) {

@@ -18,6 +18,7 @@
 #include "tools/FormulaFiles.h"
 #include "ui/Host.h"
 #include "ui/qt/Desktop.h"
+#include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
 
 namespace ssq {
@@ -97,11 +98,12 @@ QWidget* ZDY_XDM::BuildFormulas() {
     list1_->setObjectName(QStringLiteral("List1"));
     list1_->setAccessibleName(group->title());
     list1_->installEventFilter(this);
-    const auto copyToLine = [this](const QListWidgetItem* item) {
-        if (item) text1_->setText(item->text());
+    // A list that only gets the focus makes an item current without marking it.
+    const auto copyToLine = [this] {
+        if (const QListWidgetItem* item = MarkedFormula()) text1_->setText(item->text());
     };
     connect(list1_, &QListWidget::itemClicked, this, copyToLine);
-    connect(list1_, &QListWidget::currentItemChanged, this, copyToLine);
+    connect(list1_, &QListWidget::itemSelectionChanged, this, copyToLine);
     column->addWidget(list1_, 1);
     auto* files = AddRow(column);
     AddButton(files, "Command5", QStringLiteral("调入公式"), [this] { LoadFile(); });
@@ -191,19 +193,26 @@ void ZDY_XDM::AddFormula() {
     StoreFormulas();
 }
 
+QListWidgetItem* ZDY_XDM::MarkedFormula() const {
+    const QList<QListWidgetItem*> marked = list1_->selectedItems();
+    return marked.isEmpty() ? nullptr : marked.first();
+}
+
 void ZDY_XDM::DeleteFormula() {
-    if (!list1_->currentItem()) return;
+    QListWidgetItem* const item = MarkedFormula();
+    if (!item) return;
     {
         const QSignalBlocker keepsLine(list1_);  // the deleted formula stays in the edit line
-        delete list1_->takeItem(list1_->currentRow());
+        delete item;
     }
     StoreFormulas();
 }
 
 void ZDY_XDM::ReplaceFormula() {
     const QString formula = EditedFormula();
-    if (formula.isEmpty() || !list1_->currentItem()) return;
-    list1_->currentItem()->setText(formula);
+    QListWidgetItem* const item = MarkedFormula();
+    if (formula.isEmpty() || !item) return;
+    item->setText(formula);
     StoreFormulas();
 }
 

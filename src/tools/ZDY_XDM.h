@@ -10,6 +10,7 @@
 class QBoxLayout;
 class QLineEdit;
 class QListWidget;
+class QListWidgetItem;
 class QRadioButton;
 class QTextBrowser;
 
@@ -38,6 +39,8 @@ class ZDY_XDM final : public Panel {
     void StoreFormulas();
 
     void AddFormula();
+    // The formula that is selected in the list; null without one.
+    QListWidgetItem* MarkedFormula() const;
     void DeleteFormula();
     void ReplaceFormula();
     void LoadFile();

@@ -10,6 +10,7 @@
 #include "draws/Draw.h"
 #include "draws/Public_var.h"
 #include "tools/Calculators.h"
+#include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
 
 namespace ssq {

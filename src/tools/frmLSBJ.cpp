@@ -7,6 +7,7 @@
 #include <QListWidget>
 
 #include "tools/NumberComparator.h"
+#include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
 
 namespace ssq {

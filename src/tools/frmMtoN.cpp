@@ -10,6 +10,7 @@
 #include "draws/public_fun.h"
 #include "tools/Calculators.h"
 #include "ui/Host.h"
+#include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
 
 namespace ssq {

@@ -40,9 +40,7 @@ void PaintCells(ResultGrid& grid, int row, int first, int last, Rgb back) {
 void ColumnCounts::WriteRates(ResultGrid& grid, int row, int firstCol, int lastCol,
                               int whole) const {
     for (int col = firstCol; col <= lastCol; ++col) {
-        // The hundredfold comes first, so that a tie of the third decimal stays one: 23 of 160
-        // are 14.375 %, shown as 14.38.
-        grid.SetCell(row, col, NumberText(Round(100.0 * (*this)[col] / whole)));
+        grid.SetCell(row, col, RateText((*this)[col], whole));
     }
 }
 

@@ -90,13 +90,13 @@ void FillRow(ResultGrid& grid, int row, const FormulaRow& formula, int total,
     grid.SetCell(row, kHitsColumn, next.HitsOf(formula.numbers));
 }
 
-bool BringEdgeTableLevel(Session& session) {
+bool BringEdgeTableLevel(Session& session, const Run& run) {
     if (!session.connection.isOpen()) {
         session.host.ShowMessage("数据库错误！");
         return false;
     }
     if (EnsureEdgeTable(session)) return true;
-    session.host.ShowMessage("汇总数据出错！");
+    if (run.goesOn()) session.host.ShowMessage("汇总数据出错！");
     return false;
 }
 
@@ -134,7 +134,7 @@ void SetUpFormulaColumns(ResultGrid& grid) {
 std::optional<FormulaReport> FormulaStatistics(Session& session, const FormulaCondition& condition,
                                                const std::string& endIssue, Run& run) {
     run.Tell("0");
-    if (!BringEdgeTableLevel(session)) return std::nullopt;
+    if (!BringEdgeTableLevel(session, run) || !run.goesOn()) return std::nullopt;
     FormulaReport report;
     NextDraw next;
     if (!next.ReadAfter(session, endIssue)) return std::nullopt;

@@ -90,8 +90,8 @@ bool CheckIsFiltered(Session& session, const ResultGrid& filtered) {
     return Contains(filtered.cell(0, 0), "公式") || Refuse(session, "请先筛选数据！");
 }
 
-std::optional<ResultGrid> CountNumbers(Session& session, const ResultGrid& filtered,
-                                       const std::string& endIssue) {
+std::optional<ResultGrid> BuildNumberCount(Session& session, const ResultGrid& filtered,
+                                           const std::string& endIssue) {
     if (!CheckIsFiltered(session, filtered)) return std::nullopt;
     if (filtered.rows() < 2) {
         Refuse(session, "没有数据！");

@@ -18,7 +18,7 @@ bool CheckIsFiltered(Session& session, const ResultGrid& filtered);
 
 // Counts over a filter result, by way of the table hsort: the numbers named most often stand on
 // the left, the ones that came out in the next draw are marked. Nothing after showing why not.
-std::optional<ResultGrid> CountNumbers(Session& session, const ResultGrid& filtered,
-                                       const std::string& endIssue);
+std::optional<ResultGrid> BuildNumberCount(Session& session, const ResultGrid& filtered,
+                                           const std::string& endIssue);
 
 }  // namespace ssq

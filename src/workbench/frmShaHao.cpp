@@ -14,6 +14,7 @@
 #include "ui/qt/IssueCombo.h"
 #include "ui/qt/LineChart.h"
 #include "ui/qt/ProgressStrip.h"
+#include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
 #include "workbench/FormulaFilters.h"
 #include "workbench/FormulaStatistics.h"
@@ -25,6 +26,8 @@ namespace ssq {
 namespace {
 
 enum Tab { kResultsTab, kFiltersTab, kChartTab };
+
+constexpr int kLongestThreshold = 32;  // characters
 
 struct TabEntry {
     const char* caption;
@@ -44,6 +47,7 @@ QComboBox* AddFreeCombo(QBoxLayout* row, const char* name, const char* label,
     QComboBox* combo = AddCombo(row, name, QString::fromUtf8(label), entries);
     combo->setEditable(true);
     combo->setInsertPolicy(QComboBox::NoInsert);
+    combo->lineEdit()->setMaxLength(kLongestThreshold);
     combo->setCompleter(nullptr);  // "3" is a number of its own, not the start of "30"
     return combo;
 }
@@ -235,6 +239,7 @@ void frmShaHao::ShowOnly(int tab) {
 void frmShaHao::OpenChart(const GridView& view, int row) {
     const ResultGrid& grid = view.grid();
     if (grid.rows() < 2) return;
+    if (row < grid.fixedRows()) row = grid.row();  // pressed beside the rows
     const std::string key = grid.cell(row, kKeyColumn);
     if (key.empty()) return;
     chartKey_ = key;

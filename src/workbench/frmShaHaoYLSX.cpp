@@ -8,6 +8,7 @@
 #include "draws/Public_var.h"
 #include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
+#include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
 #include "workbench/NumberCount.h"
 #include "workbench/frmShaHao.h"
@@ -59,9 +60,7 @@ void frmShaHaoYLSX::Open() {
     }
     endIssue_ = endIssue;
     operations_->setTitle(Qs("截至期号：" + endIssue_));
-    show();
-    raise();
-    activateWindow();
+    BringUp(*this);
 }
 
 void frmShaHaoYLSX::Filter(const FormulaFilter& filter, FormulaThreshold threshold) {
@@ -80,7 +79,7 @@ void frmShaHaoYLSX::FilterReaching(const FormulaFilter& filter, const QLineEdit&
 void frmShaHaoYLSX::Count() {
     if (!CheckIsFiltered(session(), vs1_->grid())) return;
     operations_->setTitle(Qs(CountCaption(endIssue_)));
-    if (auto grid = CountNumbers(session(), vs1_->grid(), endIssue_)) {
+    if (auto grid = BuildNumberCount(session(), vs1_->grid(), endIssue_)) {
         vs1_->SetGrid(std::move(*grid));
     }
 }

@@ -77,7 +77,7 @@ BlueWrapResult BlueWrap(int a, int b, int c, int d) {
     return {isNear ? list : Complement(list), isNear};
 }
 
-std::optional<GridReport> BlueWrapTable(Session& session, const PeriodRange& range) {
+std::optional<GridReport> BuildBlueWrap(Session& session, const PeriodRange& range) {
     const auto refuse = [&session] {
         session.host.ShowMessage("数据不足！");
         return std::nullopt;

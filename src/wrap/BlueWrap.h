@@ -23,6 +23,6 @@ BlueWrapResult BlueWrap(int a, int b, int c, int d);
 
 // The wraps of the range, judged, and the one of the next issue. Nothing after telling the user
 // why.
-std::optional<GridReport> BlueWrapTable(Session& session, const PeriodRange& range);
+std::optional<GridReport> BuildBlueWrap(Session& session, const PeriodRange& range);
 
 }  // namespace ssq

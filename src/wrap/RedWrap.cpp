@@ -166,7 +166,7 @@ std::vector<int> RedWrap(const std::array<PairSet, kWrapDepth>& missed) {
     return list.Take();
 }
 
-std::optional<GridReport> RedWrapTable(Session& session, const PeriodRange& range, Run& run) {
+std::optional<GridReport> BuildRedWrap(Session& session, const PeriodRange& range, Run& run) {
     const auto refuse = [&session](const char* text) {
         session.host.ShowMessage(text);
         return std::nullopt;

@@ -33,6 +33,6 @@ std::vector<int> RedWrap(const std::array<PairSet, kWrapDepth>& missed);
 
 // The wraps of the range and of the next issue. Nothing after telling the user why, or when the run
 // was ended.
-std::optional<GridReport> RedWrapTable(Session& session, const PeriodRange& range, Run& run);
+std::optional<GridReport> BuildRedWrap(Session& session, const PeriodRange& range, Run& run);
 
 }  // namespace ssq

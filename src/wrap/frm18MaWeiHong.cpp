@@ -22,7 +22,7 @@ frm18MaWeiHong::frm18MaWeiHong(const PanelContext& context, QWidget* parent)
                   .staysAfterFailure = true},
                  [this](Run& run) {
                      results().SetGrid({});
-                     return Show(RedWrapTable(session(), range(), run));
+                     return Show(BuildRedWrap(session(), range(), run));
                  });
     GridView* vs1 = AddResults("Frame2", "围红推荐结果(选择号码点鼠标右键可进行复制)");
     SetPopup(context, *vs1, "m_fz18", "复制号码1",

@@ -7,16 +7,10 @@
 
 namespace ssq {
 
-namespace {
-
-constexpr int kStartEntry = 59;
-
-}  // namespace
-
 frmWeiLan::frmWeiLan(const PanelContext& context, QWidget* parent)
-    : RangePanel(context, parent, {{"frmWeiLan", " 智能围蓝", 900, 680}, kStartEntry}) {
+    : RangePanel(context, parent, {{"frmWeiLan", " 智能围蓝", 900, 680}, kStartSixtyDraws}) {
     AddRunButton({"Command1", "围蓝"},
-                 [this](Run&) { return Show(BlueWrapTable(session(), range())); });
+                 [this](Run&) { return Show(BuildBlueWrap(session(), range())); });
     GridView* vs1 = AddResults("Frame2", "智能围蓝结果(选择号码点鼠标右键可进行复制)");
     SetPopup(context, *vs1, "m_fz1", "复制号码1",
              {{"m_fz", "复制号码", [vs1] { CopySelection(*vs1); }}},

@@ -11,7 +11,7 @@ namespace {
 using testing::ElementsAre;
 using testing::Optional;
 
-TEST(Regex, FindsAsTheScriptRuntimeDid) {
+TEST(Regex, FindsAllMatches) {
     EXPECT_THAT(Regex("一.").FindAll("一等一\n一"), Optional(ElementsAre("一等")));
     EXPECT_THAT(Regex("<.*?(?!x)>").FindAll("<A><b>"), Optional(ElementsAre("<A>", "<b>")));
     EXPECT_THAT(Regex("号?").FindAll("a号b"), Optional(ElementsAre("", "号", "", "")));

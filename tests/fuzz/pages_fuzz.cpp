@@ -61,8 +61,8 @@ TestDatabase& Database() {
 void CheckDraws(TestDatabase& database) {
     for (Recordset rows = database.Run("select kjhm,a7,kjdate from cphm"); !rows.eof();
          rows.MoveNext()) {
-        const RedSet reds = RedSet::FromList(rows.Text(0));
-        Promise(reds.Count() == 6 && reds.ToList() == rows.Text(0));
+        const std::string reds = rows.Text(0);  // in the order of the page
+        Promise(RedSet::FromList(reds).Count() == 6 && reds.size() == 6 * 2 + 5);
         Promise(rows.Int(1) >= 1 && rows.Int(1) <= 16);
         Promise(ParseDate(rows.Text(2)).has_value());
     }

@@ -58,13 +58,13 @@ TEST(HistoryGrid, ShowsTheFieldsAndMarksLargePoolsAndRatios) {
     }
 }
 
-TEST(ShowHistory, FiltersByWhatTheTextsMeanAsNumbers) {
+TEST(BuildHistory, FiltersByWhatTheTextsMeanAsNumbers) {
     TestDatabase database = TestDatabase::Delivered();
     const PeriodRange range{"2013001", "2013151"};
     // The query's draws against those found one by one.
     const auto check = [&](const NumberFilter& pool, const NumberFilter& prizes, const char* field,
                            double from, double to) {
-        const auto report = ShowHistory(database.session(), {range, pool, prizes});
+        const auto report = BuildHistory(database.session(), {range, pool, prizes});
         ASSERT_TRUE(report);
         const ResultGrid& grid = report->grid;
         int row = 1;
@@ -83,16 +83,16 @@ TEST(ShowHistory, FiltersByWhatTheTextsMeanAsNumbers) {
     EXPECT_TRUE(database.host().boxes.empty());
 }
 
-TEST(ShowHistory, RefusedRequestsGiveNothingAndReversedOnesHaveNoRows) {
+TEST(BuildHistory, RefusedRequestsGiveNothingAndReversedOnesHaveNoRows) {
     TestDatabase database = TestDatabase::Delivered();
     const PeriodRange range{"2013001", "2013010"};
-    EXPECT_FALSE(ShowHistory(database.session(), {range, {true, "5", "3"}, {}}));
-    EXPECT_FALSE(ShowHistory(database.session(), {range, {}, {true, "5", ""}}));
-    EXPECT_FALSE(ShowHistory(database.session(), {{"", "2013010"}, {}, {}}));
+    EXPECT_FALSE(BuildHistory(database.session(), {range, {true, "5", "3"}, {}}));
+    EXPECT_FALSE(BuildHistory(database.session(), {range, {}, {true, "5", ""}}));
+    EXPECT_FALSE(BuildHistory(database.session(), {{"", "2013010"}, {}, {}}));
     EXPECT_THAT(database.host().Texts(),
                 testing::ElementsAre("起始奖池额不能大于结束奖池额！",
                                      "起始一等注数或结束一等注数不能为空！", "期号填写错误！"));
-    const auto reversed = ShowHistory(database.session(), {{range.end, range.start}, {}, {}});
+    const auto reversed = BuildHistory(database.session(), {{range.end, range.start}, {}, {}});
     ASSERT_TRUE(reversed);
     EXPECT_EQ(reversed->grid.rows(), 1);
 }

@@ -55,7 +55,7 @@ class Stats : public testing::Test {
 TEST_F(Stats, HeatComesFromTheDrawsBeforeEachRow) {
     AddDraws({"01,02,03,04,05,06", "02,03,04,05,06,33", "02,07,08,09,10,33"});
     const auto rank = [&](const char* start, const char* window) {
-        return RankByHeat(session, {{start, "2003003"}, window}, run).report->grid;
+        return BuildHeatRanking(session, {{start, "2003003"}, window}, run).report->grid;
     };
     ResultGrid grid = rank("2003001", "5");
     ASSERT_EQ(grid.rows(), 6);
@@ -84,10 +84,10 @@ TEST_F(Stats, HeatComesFromTheDrawsBeforeEachRow) {
 
 TEST_F(Stats, AHeatRunStopsAtItsFirstRowWithoutItsTable) {
     AddDraws({"01,02,03,04,05,06", "02,03,04,05,06,33"});
-    EXPECT_FALSE(RankByHeat(session, {{"2003001", "2003003"}, "3"}, run).failed);
+    EXPECT_FALSE(BuildHeatRanking(session, {{"2003001", "2003003"}, "3"}, run).failed);
     EXPECT_THAT(TakeTexts(), ElementsAre("期号填写错误！"));
     database.Run("drop table rtoc");
-    const HeatOutcome outcome = RankByHeat(session, {{"2003001", "2003002"}, "3"}, run);
+    const HeatOutcome outcome = BuildHeatRanking(session, {{"2003001", "2003002"}, "3"}, run);
     EXPECT_TRUE(outcome.failed);
     ASSERT_TRUE(outcome.report);
     EXPECT_EQ(Cells(outcome.report->grid, 1, 0, 2), "03001 01,02,03,04,05,06 ");
@@ -100,7 +100,7 @@ TEST_F(Stats, EdgeCodesComeFromTheDrawSoManyRowsAbove) {
     database.AddDraw(2003012, "2003-04-01", "01,02,11,12,13,14", 7, "14,13,12,11,02,01");
     database.AddDraw(2003013, "2003-04-01", "01,03,10,20,30,33", 7);
     EdgeRequest request{.range = {"2003012", "2003013"}, .mode = ShiftMode::kMinus};
-    const auto grid = [&] { return AnalyseEdgeCodes(session, request)->grid; };
+    const auto grid = [&] { return BuildEdgeCodes(session, request)->grid; };
 
     ResultGrid detail = grid();
     EXPECT_EQ(Cells(detail, 1, 2, 9), "2 33 01 02 03 04 05 0");
@@ -130,23 +130,23 @@ TEST_F(Stats, EdgeCodesComeFromTheDrawSoManyRowsAbove) {
     EXPECT_EQ(Cells(grid(), 2, 2, 4) + Cells(grid(), 0, 14, 16), "3 2 1边13 中0 中1");
 
     request.range = {"2003010", "2003013"};
-    EXPECT_FALSE(AnalyseEdgeCodes(session, request));
+    EXPECT_FALSE(BuildEdgeCodes(session, request));
     request.range = {"2003013", "2003012"};
-    EXPECT_FALSE(AnalyseEdgeCodes(session, request));
+    EXPECT_FALSE(BuildEdgeCodes(session, request));
     EXPECT_THAT(TakeTexts(), ElementsAre("数据不足！", "数据不足！"));
 }
 
 TEST_F(Stats, GapsAreMadeAnewAndSumsAreAppended) {
     AddDraws({"01,02,04,08,16,32", "02,03,05,09,17,33"});
     const PeriodRange range{"2003001", "2003003"};
-    ASSERT_TRUE(ShowGaps(session, range));
-    ASSERT_TRUE(ShowSums(session, range));
+    ASSERT_TRUE(BuildGaps(session, range));
+    ASSERT_TRUE(BuildSums(session, range));
     database.Run("update jiangeTongji set a12=9");
     database.Run("update hezitj set a12=9");
-    EXPECT_EQ(Cells(ShowGaps(session, range)->grid, 1, 2, 2), "9");  // not stale
+    EXPECT_EQ(Cells(BuildGaps(session, range)->grid, 1, 2, 2), "9");  // not stale
     database.AddDraw(2003003, "2003-04-01", "04,05,06,07,08,24", 7);
 
-    const ResultGrid gaps = ShowGaps(session, range)->grid;
+    const ResultGrid gaps = BuildGaps(session, range)->grid;
     EXPECT_EQ(Cells(gaps, 0, 0, 8), "期号 开奖号码 a12 a23 a34 a45 a56 a13 a14");
     EXPECT_EQ(Cells(gaps, 2, 0, 8), "03002 02,03,05,09,17,33 0 1 3 7 15 2 6");
     EXPECT_EQ(Cells(gaps, 2, 17, 17) + Cells(gaps, 3, 17, 17), "152");
@@ -160,11 +160,11 @@ TEST_F(Stats, GapsAreMadeAnewAndSumsAreAppended) {
         rows.MoveNext();
     }
 
-    const ResultGrid sums = ShowSums(session, range)->grid;
+    const ResultGrid sums = BuildSums(session, range)->grid;
     ASSERT_EQ(sums.cols(), 53);
     EXPECT_EQ(sums.cell(1, 2) + sums.cell(3, 2), "99");
     EXPECT_EQ(Cells(sums, 3, 48, 51), "42 43 44 45");
-    EXPECT_EQ(Cells(ShowSums(session, {"2003003", "2003003"})->grid, 2, 1, 3),
+    EXPECT_EQ(Cells(BuildSums(session, {"2003003", "2003003"})->grid, 2, 1, 3),
               "与上期重复概率 - -");
 }
 
@@ -172,7 +172,7 @@ TEST_F(Stats, FollowCountsEachPartOfAnyList) {
     AddDraws({"01,02,03,04,05,06", "07,08,09,10,11,12"});
     const PeriodRange range{"2003001", "2003002"};
     const auto follow = [&](const char* list, int size) {
-        return FollowNumbers(session, {range, list, size}, run)->grid;
+        return BuildFollowStatistics(session, {range, list, size}, run)->grid;
     };
     ResultGrid grid = follow("1,2,,2,40", 2);
     EXPECT_EQ(Cells(grid, 0, 2, 8), "全码 01,02 01,02 01,40 02,02 02,40 02,40");
@@ -183,7 +183,7 @@ TEST_F(Stats, FollowCountsEachPartOfAnyList) {
     grid = follow("01,02,03,04,05,06,07", 3);
     EXPECT_EQ(grid.cols(), 3 + 35);
     EXPECT_EQ(grid.cell(0, 37), "05,06,07");
-    EXPECT_FALSE(FollowNumbers(session, {range, ",", 1}, run));
+    EXPECT_FALSE(BuildFollowStatistics(session, {range, ",", 1}, run));
 
     for (const char* good : {"1,2", "1,,2", " 07 "})
         EXPECT_TRUE(CheckNumberList(session.host, good));

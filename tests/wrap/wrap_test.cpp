@@ -46,7 +46,7 @@ TEST_F(WrapTables, ABlueBehindTheNinthItemIsNoHit) {
                     blue);
         ++issue;
     }
-    const auto report = BlueWrapTable(own.session(), {"2003005", "2003008"});
+    const auto report = BuildBlueWrap(own.session(), {"2003005", "2003008"});
     ASSERT_TRUE(report);
     const ResultGrid& grid = report->grid;
     // Before 2003005 stand 1, 9, 9, 5: 15 is in the wrap, in tenth place.
@@ -64,14 +64,14 @@ TEST_F(WrapTables, ABlueBehindTheNinthItemIsNoHit) {
 
 TEST_F(WrapTables, RefusalsSayWhy) {
     Session& session = database_.session();
-    EXPECT_FALSE(RedWrapTable(session, {"2003016", "2003100"}, run_));
-    EXPECT_FALSE(RedWrapTable(session, {"2010020", "2010010"}, run_));
-    EXPECT_FALSE(RedWrapTable(session, {"2010001", "2010014"}, run_));
-    EXPECT_TRUE(RedWrapTable(session, {"2010001", "2010015"}, run_));
-    EXPECT_FALSE(BlueWrapTable(session, {"2010001", "2010003"}));
-    EXPECT_FALSE(BlueWrapTable(session, {"2003004", "2003100"}));
-    EXPECT_FALSE(BlueWrapTable(session, {"2009154", "2010002"}));
-    EXPECT_FALSE(BlueWrapTable(session, {"x", "2010003"}));
+    EXPECT_FALSE(BuildRedWrap(session, {"2003016", "2003100"}, run_));
+    EXPECT_FALSE(BuildRedWrap(session, {"2010020", "2010010"}, run_));
+    EXPECT_FALSE(BuildRedWrap(session, {"2010001", "2010014"}, run_));
+    EXPECT_TRUE(BuildRedWrap(session, {"2010001", "2010015"}, run_));
+    EXPECT_FALSE(BuildBlueWrap(session, {"2010001", "2010003"}));
+    EXPECT_FALSE(BuildBlueWrap(session, {"2003004", "2003100"}));
+    EXPECT_FALSE(BuildBlueWrap(session, {"2009154", "2010002"}));
+    EXPECT_FALSE(BuildBlueWrap(session, {"x", "2010003"}));
     const char* few = "数据不足！";
     EXPECT_THAT(
         database_.host().Texts(),
@@ -80,7 +80,7 @@ TEST_F(WrapTables, RefusalsSayWhy) {
 }
 
 TEST_F(WrapTables, TheRedTableMarksWhatWasCaught) {
-    const auto report = RedWrapTable(database_.session(), {"2026001", "2026030"}, run_);
+    const auto report = BuildRedWrap(database_.session(), {"2026001", "2026030"}, run_);
     ASSERT_TRUE(report);
     const ResultGrid& grid = report->grid;
     ASSERT_EQ(grid.rows(), 33);

@@ -17,7 +17,9 @@ constexpr int kLongestToolTip = 500;  // characters; a tooltip is as large as it
 // Measuring a text of any length takes time, and no screen shows more than this.
 QString OneLine(const QString& text) {
     constexpr qsizetype kMostShown = 2000;
-    return text.left(kMostShown).simplified();
+    QString line = text.left(kMostShown);
+    return line.replace(QLatin1Char('\n'), QLatin1Char(' '))
+        .replace(QLatin1Char('\t'), QLatin1Char(' '));
 }
 
 }  // namespace

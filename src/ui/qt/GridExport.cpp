@@ -10,6 +10,7 @@
 #include "ui/Host.h"
 #include "ui/qt/Desktop.h"
 #include "ui/qt/GridView.h"
+#include "ui/qt/Qs.h"
 #include "ui/xls/GridWorksheet.h"
 
 namespace ssq {

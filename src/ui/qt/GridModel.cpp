@@ -1,6 +1,7 @@
 #include "ui/qt/GridModel.h"
 
 #include "ui/qt/PanelContext.h"
+#include "ui/qt/Qs.h"
 
 namespace ssq {
 

@@ -304,8 +304,8 @@ void GridView::PressLeft(const Cell& cell, bool extend) {
 }
 
 void GridView::PressRight(const std::optional<Cell>& cell, const QPoint& place) {
+    pressed_ = cell.value_or(Cell{});
     if (cell) {
-        pressed_ = *cell;
         if (!IsHeading(*cell) && !SelectedRange(grid()).Contains(cell->row, cell->col)) {
             SelectCells(*cell, *cell);
         }

@@ -1,18 +1,21 @@
 #include "ui/qt/IssueCombo.h"
 
 #include <QCompleter>
+#include <QLineEdit>
 #include <QListView>
 #include <QStringListModel>
 #include <algorithm>
 
 #include "draws/BankerSettings.h"
 #include "draws/Public_var.h"
+#include "ui/qt/Qs.h"
 
 namespace ssq {
 
 namespace {
 
 constexpr int kVisibleEntries = 20;
+constexpr int kLongestIssue = 32;  // characters; an issue has seven
 
 bool ReadList(const PanelContext& context, QStringList& newestFirst) {
     std::vector<std::string> issues;
@@ -35,6 +38,7 @@ IssueCombo::IssueCombo(QWidget* parent) : QComboBox(parent) {
     setView(list);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(9);
+    lineEdit()->setMaxLength(kLongestIssue);
 
     auto* completer = new QCompleter(model(), this);
     completer->setCompletionMode(QCompleter::PopupCompletion);

@@ -11,6 +11,7 @@
 
 #include "base/numbers.h"
 #include "ui/qt/PanelContext.h"
+#include "ui/qt/Qs.h"
 
 namespace ssq {
 

@@ -1,9 +1,6 @@
 // What every panel is given.
 #pragma once
 
-#include <QString>
-#include <string>
-
 namespace ssq {
 
 class Desktop;
@@ -13,9 +10,5 @@ struct PanelContext {
     Session& session;
     Desktop& desktop;
 };
-
-inline QString Qs(const std::string& text) {
-    return QString::fromStdString(text);
-}
 
 }  // namespace ssq

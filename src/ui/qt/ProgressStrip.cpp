@@ -5,6 +5,7 @@
 #include <QProgressBar>
 
 #include "ui/qt/PanelContext.h"
+#include "ui/qt/Qs.h"
 
 namespace ssq {
 

@@ -4,11 +4,13 @@
 #include <QGroupBox>
 #include <QPushButton>
 #include <QScrollBar>
+#include <utility>
 
 #include "draws/Public_var.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
 #include "ui/qt/ProgressStrip.h"
+#include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
 
 namespace ssq {
@@ -40,7 +42,12 @@ QPushButton* RangePanel::AddRunButton(const RunButton& button, std::function<boo
         controls.staysAfterFailure = button.staysAfterFailure;
         if (button.busyCaption) controls.busyCaption = QString::fromUtf8(button.busyCaption);
         if (button.isDisabledInRun) controls.button = control;
-        Perform(controls, work);
+        Perform(controls, [this, &work](Run& run) {
+            const Run* const outer = std::exchange(run_, &run);
+            const bool succeeded = work(run);
+            run_ = outer;
+            return succeeded;
+        });
     });
     if (!mainButton()) SetMainButton(control);
     return control;
@@ -67,7 +74,7 @@ QString RangePanel::resultsCaption() const {
 }
 
 bool RangePanel::Show(std::optional<GridReport> report) {
-    if (!report || isClosed()) return false;
+    if (!report || isClosed() || (run_ && !run_->goesOn())) return false;
     if (!report->caption.empty()) SetResultsCaption(report->caption);
     vs1_->SetGrid(std::move(report->grid));
     vs1_->verticalScrollBar()->setValue(vs1_->verticalScrollBar()->maximum());

@@ -60,7 +60,8 @@ class RangePanel : public Panel {
     void SetResultsCaption(const std::string& caption);
     QString resultsCaption() const;
 
-    // Shows a report with its last rows in view; false for none, and the grid stays.
+    // Shows a report with its last rows in view. False for none, or when a newer run has taken
+    // the place of the one that brings it; the grid then stays.
     bool Show(std::optional<GridReport> report);
 
   private:
@@ -70,6 +71,7 @@ class RangePanel : public Panel {
     IssueCombo* end_;
     ProgressStrip* strip_ = nullptr;
     QGroupBox* resultsGroup_ = nullptr;
+    const Run* run_ = nullptr;  // the one whose work has control
     GridView* vs1_ = nullptr;
 };
 

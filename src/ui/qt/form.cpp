@@ -83,8 +83,10 @@ QComboBox* AddCombo(QBoxLayout* row, const char* name, const QString& label,
 
 QLineEdit* AddTextBox(QBoxLayout* row, const char* name, const QString& label) {
     constexpr int kTextBoxWidth = 120;
+    constexpr int kLongestText = 1000;  // characters; no told input comes near it
     auto* box = AddLabelled(row, new QLineEdit, name, label);
     box->setMaximumWidth(kTextBoxWidth);
+    box->setMaxLength(kLongestText);
     return box;
 }
 

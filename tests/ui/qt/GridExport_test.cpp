@@ -11,6 +11,7 @@
 #include "support/TempFolder.h"
 #include "support/TestHost.h"
 #include "ui/qt/GridView.h"
+#include "ui/qt/Qs.h"
 
 namespace ssq {
 namespace {

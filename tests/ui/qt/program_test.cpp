@@ -9,6 +9,7 @@
 #include "support/TempFolder.h"
 #include "ui/qt/Desktop.h"
 #include "ui/qt/PanelContext.h"
+#include "ui/qt/Qs.h"
 
 namespace ssq {
 namespace {
