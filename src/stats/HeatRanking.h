@@ -33,7 +33,7 @@ struct HeatRequest {
 
 struct HeatOutcome {
     std::optional<GridReport> report;  // after a failure with the rows written so far
-    bool failed = false;               // the store's error text has been shown
+    bool failed = false;               // a box has told why
 };
 
 // One row for each draw of the range with the heat order of the draws before it, a row with the
@@ -42,7 +42,7 @@ struct HeatOutcome {
 // there is nothing to show.
 HeatOutcome BuildHeatRanking(Session& session, const HeatRequest& request, Run& run);
 
-// How the heat position of a number moved over the rows of a grid of RankByHeat.
+// How the heat position of a number moved over the rows of a grid of BuildHeatRanking.
 struct HeatCourse {
     std::string range;              // first and last issue
     std::vector<double> positions;  // 1 to 33, the row of the next draw included

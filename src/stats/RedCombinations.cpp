@@ -53,6 +53,7 @@ std::vector<Combination> PairsToQuadruples() {
 
 std::string ColumnNames(const std::vector<Combination>& combinations) {
     std::vector<std::string> names;
+    names.reserve(combinations.size());
     for (const Combination& combination : combinations) names.push_back(combination.column);
     return Join(names, ",");
 }

@@ -84,7 +84,7 @@ TEST_F(Stats, HeatComesFromTheDrawsBeforeEachRow) {
 
 TEST_F(Stats, AHeatRunStopsAtItsFirstRowWithoutItsTable) {
     AddDraws({"01,02,03,04,05,06", "02,03,04,05,06,33"});
-    EXPECT_FALSE(BuildHeatRanking(session, {{"2003001", "2003003"}, "3"}, run).failed);
+    EXPECT_FALSE(BuildHeatRanking(session, {{"2003001", "2003003"}, "3"}, run).report);
     EXPECT_THAT(TakeTexts(), ElementsAre("期号填写错误！"));
     database.Run("drop table rtoc");
     const HeatOutcome outcome = BuildHeatRanking(session, {{"2003001", "2003002"}, "3"}, run);
