@@ -446,7 +446,8 @@ void frmXuanHao::SavePlan() {
 }
 
 void frmXuanHao::OpenPlan() {
-    const QString name = context().desktop.AskOpenFile(QStringLiteral("*.txt"));
+    const QString name =
+        context().desktop.AskOpenFile(QStringLiteral("打开文件"), {}, QStringLiteral("*.txt"));
     if (name.trimmed().isEmpty() || session().host.stopping()) return;
     QFile file(name);
     if (!file.open(QIODevice::ReadOnly)) {
