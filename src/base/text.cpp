@@ -87,7 +87,8 @@ std::string Characters(std::string_view text, std::size_t start, std::size_t cou
 }
 
 std::string TwoDigits(long long value) {
-    const std::string digits = std::to_string(value < 0 ? -value : value);
+    const auto bits = static_cast<unsigned long long>(value);
+    const std::string digits = std::to_string(value < 0 ? 0 - bits : bits);
     return (value < 0 ? "-" : "") + std::string(digits.size() < 2 ? 2 - digits.size() : 0, '0') +
            digits;
 }
