@@ -24,7 +24,7 @@ TEST(ResultIntake, RatesASourceByTheDrawsBehindIt) {
     for (std::size_t i = 0; i < draws.size(); ++i) {
         draws[i].set = RedSet::FromList(i < 3 ? "01,02,03,04,05,06" : "11,12,13,14,15,16");
     }
-    const NumberSource source{"上期", NumberSource::Range::kAtLeastOne, false,
+    const NumberSource source{"上期", NumberSource::Range::kAtLeastOne, false, false,
                               [](std::span<const Draw> earlier) {
                                   return earlier.empty() ? RedSet() : earlier.back().set;
                               }};
