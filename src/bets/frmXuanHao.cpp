@@ -21,6 +21,7 @@
 #include <utility>
 
 #include "base/numbers.h"
+#include "base/text.h"
 #include "bets/BetCheck.h"
 #include "bets/BetFilter.h"
 #include "bets/BetTables.h"
@@ -42,7 +43,7 @@ namespace {
 
 constexpr int kPauseMs = 120;             // from the last key to the computation
 constexpr int kPlanWidth = 510;           // pixels
-constexpr int kErrorsHeight = 58;         // pixels, three lines
+constexpr int kErrorsHeight = 42;         // pixels, two lines
 constexpr int kHistoryHeight = 190;       // pixels
 constexpr qint64 kLargestPlan = 1 << 20;  // bytes; a longer file is no plan
 constexpr const char* kAllDraws = "全部";
@@ -225,6 +226,12 @@ void frmXuanHao::TakeNewDraws() {
     ReadHistory();
     resultsAfter_.reset();
     Compute();
+}
+
+void frmXuanHao::AddConditions(const std::string& lines) {
+    std::string text = txtFangAn_->Text();
+    if (!text.empty() && text.back() != '\n') text += '\n';
+    TakePlan(text + Replace(lines, "\r\n", "\n"));
 }
 
 void frmXuanHao::closeEvent(QCloseEvent* event) {

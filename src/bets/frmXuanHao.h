@@ -37,6 +37,9 @@ class frmXuanHao final : public Panel {
 
     void TakeNewDraws() override;
 
+    // Lines behind those of the plan.
+    void AddConditions(const std::string& lines);
+
   protected:
     void closeEvent(QCloseEvent* event) override;
 

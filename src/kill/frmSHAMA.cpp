@@ -11,6 +11,7 @@
 #include "kill/KillSettings.h"
 #include "kill/frmSHAMAxuexi.h"
 #include "kill/frmSHAMAxxjl.h"
+#include "ui/ClipText.h"
 #include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
@@ -50,8 +51,14 @@ frmSHAMA::frmSHAMA(const PanelContext& context, QWidget* parent)
     SetPopup(context, *vs1_, "shama_bgfz", "杀码表格复制",
              {{"m_smfuzi", "复制选中的号码", [this] { CopySelection(*vs1_); }},
               {"shama_tiaojiangeshi", "复制成条件格式",
-               [this] { CopyKillConditions(*vs1_, LastKillGroup(vs1_->grid())); }}});
+               [this] { CopyKillConditions(*vs1_, LastKillGroup(vs1_->grid())); }},
+              {"shama_xuanhao", "加入选号台", [this] { AddToPlan(); }}});
     Load();
+}
+
+void frmSHAMA::AddToPlan() {
+    const ResultGrid& grid = vs1_->grid();
+    if (context().addToPlan) context().addToPlan(KillConditions(grid, LastKillGroup(grid)));
 }
 
 void frmSHAMA::Load() {

@@ -23,6 +23,7 @@ class frmSHAMA final : public Panel {
 
   protected:
   private:
+    void AddToPlan();
     void Load();
     void TakePeriod(int periods);
     void Recommend();

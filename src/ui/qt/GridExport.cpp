@@ -26,6 +26,10 @@ void CopySelectionAsCondition(const GridView& view) {
     PutOnClipboard(SelectionConditions(view.grid()));
 }
 
+void AddSelectionToPlan(const PanelContext& context, const GridView& view) {
+    if (context.addToPlan) context.addToPlan(SelectionConditions(view.grid()));
+}
+
 void CopyKillConditions(const GridView& view, int groups) {
     PutOnClipboard(KillConditions(view.grid(), groups));
 }

@@ -11,10 +11,11 @@ class GridView;
 
 void PutOnClipboard(const std::string& text);
 
-// The selection as comma text (SelectionText), as conditions (SelectionConditions) and the kill
-// groups of the selected row (KillConditions).
+// The selection as comma text (SelectionText), as conditions (SelectionConditions), also to the
+// plan, and the kill groups of the selected row (KillConditions).
 void CopySelection(const GridView& view);
 void CopySelectionAsCondition(const GridView& view);
+void AddSelectionToPlan(const PanelContext& context, const GridView& view);
 void CopyKillConditions(const GridView& view, int groups);
 
 // Asks for a file name, to which ".xls" is always added, and writes the grid on show there; a

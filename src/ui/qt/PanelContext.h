@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 #include <string>
 
 namespace ssq {
@@ -12,6 +13,8 @@ struct Session;
 struct PanelContext {
     Session& session;
     Desktop& desktop;
+    // Puts conditions of a number filter behind those of the plan; empty in a window of its own.
+    std::function<void(const std::string& conditions)> addToPlan = {};
 };
 
 inline QString Qs(const std::string& text) {
