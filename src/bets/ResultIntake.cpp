@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
-#include <set>
 
 #include "base/combinations.h"
 #include "base/numbers.h"
@@ -266,13 +264,16 @@ std::string WithTaken(const std::string& plan, std::span<const std::string> line
     while (!result.empty() && Trim(result.back()).empty()) result.pop_back();
     const std::string own = Join(result, "\n");
     const bool ownBlues = HasBlues(own);
-    std::set<std::string> known;
-    for (const BetCondition& condition : ReadBetPlan(own).plan.conditions) {
-        known.insert(condition.text);
-    }
+    const std::vector<BetCondition> known = ReadBetPlan(own).plan.conditions;
     for (const std::string& line : lines) {
         const BetPlan added = ReadBetPlan(line).plan;
-        if (!added.conditions.empty() && known.contains(added.conditions.front().text)) continue;
+        const auto stands = [&known](const BetCondition& condition) {
+            return std::ranges::any_of(known, [&condition](const BetCondition& other) {
+                return other.attribute == condition.attribute && other.values == condition.values &&
+                       other.numbers == condition.numbers;
+            });
+        };
+        if (std::ranges::any_of(added.conditions, stands)) continue;
         result.push_back(ownBlues && HasBlues(line) ? "# " + line : line);
     }
     return Join(result, "\n");

@@ -437,18 +437,17 @@ std::string frmXuanHao::AskFile(const QString& pattern) {
     return file.toStdString();
 }
 
-void frmXuanHao::WriteFile(const std::string& file, const std::string& text) {
-    if (!WriteTextFile(session().host, file, text)) return;
+bool frmXuanHao::WriteFile(const std::string& file, const std::string& text) {
+    if (!WriteTextFile(session().host, file, text)) return false;
     context().desktop.ShowBox(QStringLiteral("提示"), QStringLiteral("保存成功！"),
                               QDir::toNativeSeparators(Qs(file)));
+    return true;
 }
 
 void frmXuanHao::SavePlan() {
     const std::string file = AskFile(QStringLiteral("*.txt"));
-    if (file.empty() || !WriteTextFile(session().host, file, txtFangAn_->Text())) return;
+    if (file.empty() || !WriteFile(file, txtFangAn_->Text())) return;
     txtFangAn_->document()->setModified(false);
-    context().desktop.ShowBox(QStringLiteral("提示"), QStringLiteral("保存成功！"),
-                              QDir::toNativeSeparators(Qs(file)));
 }
 
 void frmXuanHao::OpenPlan() {
