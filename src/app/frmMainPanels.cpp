@@ -81,7 +81,9 @@ const std::map<QString, Make<QDialog>>& Dialogs() {
 }  // namespace
 
 PanelRegistry::PanelRegistry(const PanelContext& context, QWidget& owner)
-    : context_(context), owner_(owner) {}
+    : context_(context), owner_(owner) {
+    context_.addToPlan = [this](const std::string& conditions) { AddToPlan(conditions); };
+}
 
 bool PanelRegistry::Knows(const QString& name) {
     return Panels().contains(name) || Dialogs().contains(name);
@@ -96,6 +98,13 @@ void PanelRegistry::Open(const QString& name) {
 void PanelRegistry::RunDialog(const QString& name) {
     const std::unique_ptr<QDialog> dialog(Dialogs().at(name)(context_, &owner_));
     dialog->exec();
+}
+
+void PanelRegistry::AddToPlan(const std::string& conditions) {
+    if (conditions.empty()) return;
+    const QString name = QStringLiteral("frmXuanHao");
+    Open(name);
+    static_cast<frmXuanHao*>(open_[name].data())->AddConditions(conditions);
 }
 
 void PanelRegistry::TakeNewDraws() {

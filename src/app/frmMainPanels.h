@@ -29,6 +29,10 @@ class PanelRegistry {
     // Shows a modal panel and returns when it is closed.
     void RunDialog(const QString& name);
 
+    // Brings up the number filter with these conditions behind those of its plan; nothing for an
+    // empty text.
+    void AddToPlan(const std::string& conditions);
+
     // Tells the open panels that there are new draws.
     void TakeNewDraws();
 

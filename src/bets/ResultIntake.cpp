@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
-#include <set>
 
 #include "base/combinations.h"
 #include "base/numbers.h"
@@ -38,7 +36,7 @@ const Draw& Back(Earlier earlier, std::size_t back) {
 NumberSource KillSource(int place, int index) {
     const ShiftFormula formula = FormulaAt(index);
     return {"杀码公式" + std::to_string(place) + "(" + FormulaKey(formula) + ")",
-            NumberSource::Range::kAtMostOne, false, [formula](Earlier earlier) {
+            NumberSource::Range::kAtMostOne, false, true, [formula](Earlier earlier) {
                 const auto q = static_cast<std::size_t>(formula.q);
                 return earlier.size() < q ? RedSet() : Back(earlier, q).set.Lowered(formula.b);
             }};
@@ -46,7 +44,7 @@ NumberSource KillSource(int place, int index) {
 
 // Positions count from 0 through the reds of the last four draws, newest draw first.
 NumberSource BankerSource(int place, std::vector<int> positions) {
-    return {"第" + std::to_string(place) + "组胆码", NumberSource::Range::kAtLeastOne, false,
+    return {"第" + std::to_string(place) + "组胆码", NumberSource::Range::kAtLeastOne, false, false,
             [positions = std::move(positions)](Earlier earlier) {
                 RedSet numbers;
                 if (earlier.size() < kBankerDraws) return numbers;
@@ -119,16 +117,21 @@ std::string RangeText(CountRange range) {
                                      : std::to_string(range.low) + "~" + std::to_string(range.high);
 }
 
-std::string Remark(const std::string& name, const std::string& rate, std::size_t draws,
-                   const std::string& chance) {
-    return kTaken + name + " 近" + std::to_string(draws) + "期" + rate + "% 随机" + chance + "%";
+std::string Remark(const std::string& name, double met, double draws, const std::string& chance) {
+    return kTaken + name + " 近" + NumberText(draws) + "期" + RateText(met, draws) + "% 随机" +
+           chance + "%";
 }
 
 // Of the last draws for which the source names something.
 struct Record {
-    std::size_t draws = 0;
-    std::size_t met = 0;
+    double draws = 0;
+    double met = 0;
+    double chance = 0;  // percent, of any numbers that are as many, added up over the draws
 };
+
+double PureChance(const NumberSource& source, int named) {
+    return source.isBlue ? Percent(named, kBlues) : ChanceOf(named, RangeOf(source.range, named));
+}
 
 Record RecordOf(const NumberSource& source, Earlier draws) {
     Record record;
@@ -137,6 +140,7 @@ Record RecordOf(const NumberSource& source, Earlier draws) {
         const RedSet numbers = source.numbers(draws.first(i));
         if (numbers.empty()) continue;
         ++record.draws;
+        record.chance += PureChance(source, numbers.Count());
         const CountRange range = RangeOf(source.range, numbers.Count());
         const int hits = numbers.CountIn(draws[i].set);
         const bool met =
@@ -174,12 +178,12 @@ std::vector<NumberSource> NumberSources(Session& session) {
         break;
     }
     using enum NumberSource::Range;
-    sources.push_back({"18码围红", kLikely, false, RedWrapNumbers});
-    sources.push_back(
-        {"近30期热号", kLikely, false, [](Earlier earlier) { return HeatNumbers(earlier, true); }});
-    sources.push_back({"近30期冷号", kLikely, false,
+    sources.push_back({"18码围红", kLikely, false, false, RedWrapNumbers});
+    sources.push_back({"近30期热号", kLikely, false, false,
+                       [](Earlier earlier) { return HeatNumbers(earlier, true); }});
+    sources.push_back({"近30期冷号", kLikely, false, true,
                        [](Earlier earlier) { return HeatNumbers(earlier, false); }});
-    sources.push_back({"围蓝", kAtLeastOne, true, BlueWrapNumbers});
+    sources.push_back({"围蓝", kAtLeastOne, true, false, BlueWrapNumbers});
     return sources;
 }
 
@@ -190,16 +194,12 @@ std::vector<TakenResult> TakeResults(std::span<const NumberSource> sources, Earl
         if (numbers.empty()) continue;
         const Record record = RecordOf(source, draws);
         const CountRange range = RangeOf(source.range, numbers.Count());
-        const double chance =
-            source.isBlue ? Percent(numbers.Count(), kBlues) : ChanceOf(numbers.Count(), range);
-        const std::string remark =
-            Remark(source.name,
-                   RateText(static_cast<double>(record.met), static_cast<double>(record.draws)),
-                   record.draws, NumberText(chance));
+        const std::string remark = Remark(source.name, record.met, record.draws,
+                                          RateText(record.chance / 100, record.draws));
         const std::string statement =
             source.isBlue ? "蓝球 " + numbers.ToList() : numbers.ToList() + "/" + RangeText(range);
-        taken.push_back({source.name, source.range == NumberSource::Range::kAtMostOne,
-                         source.isBlue, numbers, statement + "  " + remark});
+        taken.push_back(
+            {source.name, source.isBlue, source.isAgainst, numbers, statement + "  " + remark});
     }
     return taken;
 }
@@ -246,14 +246,12 @@ std::vector<std::string> TakeConditions(std::string_view text, Earlier draws, Be
     }
     const RedSet previous = sets.empty() ? RedSet() : sets.back();
     const auto meeting = BetFilter(plan, previous, columns).CountByCondition();
-    const std::size_t rated = history.verdicts.size();
+    const auto rated = static_cast<double>(history.verdicts.size());
     std::vector<std::string> lines;
     for (std::size_t i = 0; i < plan.conditions.size(); ++i) {
-        lines.push_back(
-            plan.conditions[i].text + "  " +
-            Remark("剪贴板",
-                   RateText(static_cast<double>(rated - failures[i]), static_cast<double>(rated)),
-                   rated, RateText(meeting[i], kCombinationCount)));
+        const std::string chance = RateText(meeting[i], kCombinationCount);
+        const double met = rated - static_cast<double>(failures[i]);
+        lines.push_back(plan.conditions[i].text + "  " + Remark("剪贴板", met, rated, chance));
     }
     return lines;
 }
@@ -266,13 +264,16 @@ std::string WithTaken(const std::string& plan, std::span<const std::string> line
     while (!result.empty() && Trim(result.back()).empty()) result.pop_back();
     const std::string own = Join(result, "\n");
     const bool ownBlues = HasBlues(own);
-    std::set<std::string> known;
-    for (const BetCondition& condition : ReadBetPlan(own).plan.conditions) {
-        known.insert(condition.text);
-    }
+    const std::vector<BetCondition> known = ReadBetPlan(own).plan.conditions;
     for (const std::string& line : lines) {
         const BetPlan added = ReadBetPlan(line).plan;
-        if (!added.conditions.empty() && known.contains(added.conditions.front().text)) continue;
+        const auto stands = [&known](const BetCondition& condition) {
+            return std::ranges::any_of(known, [&condition](const BetCondition& other) {
+                return other.attribute == condition.attribute && other.values == condition.values &&
+                       other.numbers == condition.numbers;
+            });
+        };
+        if (std::ranges::any_of(added.conditions, stands)) continue;
         result.push_back(ownBlues && HasBlues(line) ? "# " + line : line);
     }
     return Join(result, "\n");

@@ -24,14 +24,15 @@ struct NumberSource {
     std::string name;
     Range range = Range::kLikely;  // of how many of the numbers come
     bool isBlue = false;
+    bool isAgainst = false;  // the numbers are thought not to come
     std::function<RedSet(std::span<const Draw> earlier)> numbers;
 };
 
 // A source held against the draws.
 struct TakenResult {
     std::string name;
-    bool isAgainst = false;  // at most one of the numbers is to come
     bool isBlue = false;
+    bool isAgainst = false;
     RedSet numbers;    // blues where isBlue
     std::string line;  // of a plan, with its remark
 };

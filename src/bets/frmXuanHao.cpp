@@ -21,6 +21,7 @@
 #include <utility>
 
 #include "base/numbers.h"
+#include "base/text.h"
 #include "bets/BetCheck.h"
 #include "bets/BetFilter.h"
 #include "bets/BetTables.h"
@@ -43,7 +44,7 @@ namespace {
 
 constexpr int kPauseMs = 120;             // from the last key to the computation
 constexpr int kPlanWidth = 510;           // pixels
-constexpr int kErrorsHeight = 58;         // pixels, three lines
+constexpr int kErrorsHeight = 42;         // pixels, two lines
 constexpr int kHistoryHeight = 190;       // pixels
 constexpr qint64 kLargestPlan = 1 << 20;  // bytes; a longer file is no plan
 constexpr const char* kAllDraws = "全部";
@@ -226,6 +227,12 @@ void frmXuanHao::TakeNewDraws() {
     ReadHistory();
     resultsAfter_.reset();
     Compute();
+}
+
+void frmXuanHao::AddConditions(const std::string& lines) {
+    std::string text = txtFangAn_->Text();
+    if (!text.empty() && text.back() != '\n') text += '\n';
+    TakePlan(text + Replace(lines, "\r\n", "\n"));
 }
 
 void frmXuanHao::closeEvent(QCloseEvent* event) {
@@ -431,18 +438,17 @@ std::string frmXuanHao::AskFile(const QString& pattern) {
     return file.toStdString();
 }
 
-void frmXuanHao::WriteFile(const std::string& file, const std::string& text) {
-    if (!WriteTextFile(session().host, file, text)) return;
+bool frmXuanHao::WriteFile(const std::string& file, const std::string& text) {
+    if (!WriteTextFile(session().host, file, text)) return false;
     context().desktop.ShowBox(QStringLiteral("提示"), QStringLiteral("保存成功！"),
                               QDir::toNativeSeparators(Qs(file)));
+    return true;
 }
 
 void frmXuanHao::SavePlan() {
     const std::string file = AskFile(QStringLiteral("*.txt"));
-    if (file.empty() || !WriteTextFile(session().host, file, txtFangAn_->Text())) return;
+    if (file.empty() || !WriteFile(file, txtFangAn_->Text())) return;
     txtFangAn_->document()->setModified(false);
-    context().desktop.ShowBox(QStringLiteral("提示"), QStringLiteral("保存成功！"),
-                              QDir::toNativeSeparators(Qs(file)));
 }
 
 void frmXuanHao::OpenPlan() {

@@ -37,6 +37,9 @@ class frmXuanHao final : public Panel {
 
     void TakeNewDraws() override;
 
+    // Lines behind those of the plan.
+    void AddConditions(const std::string& lines);
+
   protected:
     void closeEvent(QCloseEvent* event) override;
 
@@ -75,7 +78,8 @@ class frmXuanHao final : public Panel {
     void SaveBets();
     // Asks for a file to write text to; empty when the user does not want to.
     std::string AskFile(const QString& pattern);
-    void WriteFile(const std::string& file, const std::string& text);
+    // Tells the user what became of it.
+    bool WriteFile(const std::string& file, const std::string& text);
 
     NumberedEdit* txtFangAn_ = nullptr;
     BallBoard* board_ = nullptr;

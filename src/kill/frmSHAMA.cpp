@@ -37,7 +37,12 @@ frmSHAMA::frmSHAMA(const PanelContext& context, QWidget* parent)
     SetPopup(context, *vs1, "shama_bgfz", "杀码表格复制",
              {{"m_smfuzi", "复制选中的号码", [vs1] { CopySelection(*vs1); }},
               {"shama_tiaojiangeshi", "复制成条件格式",
-               [vs1] { PutOnClipboard(KillConditions(vs1->grid())); }}});
+               [vs1] { PutOnClipboard(KillConditions(vs1->grid())); }},
+              {"shama_xuanhao", "加入选号台", [this, vs1] {
+                   if (this->context().addToPlan) {
+                       this->context().addToPlan(KillConditions(vs1->grid()));
+                   }
+               }}});
     if (const auto settings = ReadKillSettingsOrTell(session())) TakePeriod(settings->xxqs);
 }
 

@@ -158,6 +158,8 @@ void frmShaHao::DeclarePopups() {
                      {{"gs1_fz", "复制号码", copy},
                       {"gs1_gshm", "该公式走势图", chart},
                       {"gs1_fztj", "复制为条件格式", [view] { CopySelectionAsCondition(*view); }},
+                      {"gs1_xuanhao", "加入选号台",
+                       [this, view] { AddSelectionToPlan(this->context(), *view); }},
                       {"gs1_ylsx", "遗漏筛选", screen}},
                      hasRows);
         }

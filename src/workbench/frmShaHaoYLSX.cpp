@@ -47,9 +47,11 @@ frmShaHaoYLSX::frmShaHaoYLSX(const PanelContext& context, frmShaHao& workbench)
 
     results_ = AddGroup(column, "Frame2", QString::fromUtf8(kResultsCaption));
     vs1_ = AddGrid(results_, "vs1");
-    SetPopup(context, *vs1_, "f_mz", "复制",
-             {{"m_ylsx_fz", "复制号码", [this] { CopySelection(*vs1_); }},
-              {"m_fuzito500", "复制成条件格式", [this] { CopySelectionAsCondition(*vs1_); }}});
+    SetPopup(
+        context, *vs1_, "f_mz", "复制",
+        {{"m_ylsx_fz", "复制号码", [this] { CopySelection(*vs1_); }},
+         {"m_fuzito500", "复制成条件格式", [this] { CopySelectionAsCondition(*vs1_); }},
+         {"ylsx_xuanhao", "加入选号台", [this] { AddSelectionToPlan(this->context(), *vs1_); }}});
 }
 
 void frmShaHaoYLSX::Open() {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace ssq {
 namespace {
 
@@ -21,19 +23,15 @@ TEST(PlanBoard, AFifthPressLeavesThePlanAsItWas) {
 }
 
 TEST(PlanBoard, WritesWhatThePlanCanHold) {
-    struct Case {
-        const char* before;
-        int red;
-        const char* after;
-    };
-    for (const Case& c : {
-             Case{"", 9, "胆码 09"},
-             Case{"胆码 01 03 05 07 09", 11, "胆码 01 03 05 07 09\n红球 11"},  // no sixth banker
-             Case{"胆码 40", 5, "胆码 40"},                                    // typed wrong: stays
-             Case{"胆码 05 ＃要", 5, "＃要\n红球 05"},
-             Case{"胆码 05\n杀码 05", 5, "红球 05"},
+    for (const auto& [before, red, after] : {
+             std::tuple{"", 9, "胆码 09"},
+             std::tuple{"胆码 01 03 05 07 09", 11,
+                        "胆码 01 03 05 07 09\n红球 11"},  // no sixth banker
+             std::tuple{"胆码 40", 5, "胆码 40"},         // typed wrong: stays
+             std::tuple{"胆码 05 ＃要", 5, "＃要\n红球 05"},
+             std::tuple{"胆码 05\n杀码 05", 5, "红球 05"},
          }) {
-        EXPECT_EQ(PressRed(c.before, c.red), c.after) << c.before;
+        EXPECT_EQ(PressRed(before, red), after) << before;
     }
     EXPECT_EQ(PressBlue("蓝球 03\n和值 80", 4), "蓝球 03,04\n和值 80");
     EXPECT_EQ(PressBlue("蓝球 03\n和值 80", 3), "和值 80");

@@ -27,6 +27,10 @@ void CopySelectionAsCondition(const GridView& view) {
     PutOnClipboard(SelectionConditions(view.grid()));
 }
 
+void AddSelectionToPlan(const PanelContext& context, const GridView& view) {
+    if (context.addToPlan) context.addToPlan(SelectionConditions(view.grid()));
+}
+
 void SaveGridAsExcel(const PanelContext& context, const GridView& view) {
     Desktop& desktop = context.desktop;
     const QString name = desktop.AskSaveFile(QStringLiteral("*.xls"));

@@ -11,9 +11,11 @@ class GridView;
 
 void PutOnClipboard(const std::string& text);
 
-// The selection as comma text (SelectionText) and as conditions (SelectionConditions).
+// The selection as comma text (SelectionText) and as conditions (SelectionConditions), these also
+// to the plan.
 void CopySelection(const GridView& view);
 void CopySelectionAsCondition(const GridView& view);
+void AddSelectionToPlan(const PanelContext& context, const GridView& view);
 
 // Asks for a file name, to which ".xls" is always added, and writes the grid on show there; a
 // blank name stops without a word, and so does Cancel when asked about a file that exists under

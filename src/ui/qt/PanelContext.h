@@ -1,6 +1,9 @@
 // What every panel is given.
 #pragma once
 
+#include <functional>
+#include <string>
+
 namespace ssq {
 
 class Desktop;
@@ -9,6 +12,8 @@ struct Session;
 struct PanelContext {
     Session& session;
     Desktop& desktop;
+    // Puts conditions of a number filter behind those of the plan; empty in a window of its own.
+    std::function<void(const std::string& conditions)> addToPlan = {};
 };
 
 }  // namespace ssq
