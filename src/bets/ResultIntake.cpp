@@ -196,10 +196,11 @@ std::vector<TakenResult> TakeResults(std::span<const NumberSource> sources, Earl
         const CountRange range = RangeOf(source.range, numbers.Count());
         const std::string remark = Remark(source.name, record.met, record.draws,
                                           RateText(record.chance / 100, record.draws));
-        const std::string statement =
-            source.isBlue ? "蓝球 " + numbers.ToList() : numbers.ToList() + "/" + RangeText(range);
-        taken.push_back(
-            {source.name, source.isBlue, source.isAgainst, numbers, statement + "  " + remark});
+        std::string line = source.isBlue ? "蓝球 " : "";
+        line += numbers.ToList();
+        if (!source.isBlue) line += "/" + RangeText(range);
+        line += "  " + remark;
+        taken.push_back({source.name, source.isBlue, source.isAgainst, numbers, std::move(line)});
     }
     return taken;
 }
