@@ -1,5 +1,6 @@
 // panel_driver FOLDER: the real program on the given folder, driven by one JSON object per line.
 #include <cstdio>
+#include <exception>
 
 #include "Driver.h"
 #include "ScriptDesktop.h"
@@ -17,7 +18,7 @@ void Print(QtMsgType, const QMessageLogContext&, const QString& text) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(Print);
     ssq::ScriptDesktop desktop;
@@ -40,4 +41,7 @@ int main(int argc, char** argv) {
     const int code = QApplication::exec();
     driver.Finish();
     return code;
+} catch (const std::exception& fault) {
+    std::fprintf(stderr, "panel_driver: %s\n", fault.what());
+    return 1;
 }
