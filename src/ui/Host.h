@@ -51,6 +51,9 @@ class Host {
     // Whether the next look at the clock would hand control over.
     bool IsPumpDue() const;
 
+    // The next look at the clock hands control over, however lately that was done.
+    void OwePump() { lastPumpNs_ = 0; }
+
     // From now on Yield answers false and no box appears.
     void Stop() { stopping_ = true; }
     bool stopping() const { return stopping_; }

@@ -71,7 +71,7 @@ TEST_F(BankerRoad, LearnsRecommendsAndLogs) {
 }
 
 TEST_F(BankerRoad, LeavesTheWorkToARunStartedInTheMiddle) {
-    SetSettings("50", 5);
+    driver.Sql("update vqs set xxqs=50,dmgs=5 where itype=0");
     const Json learn = {{"do", "menu"}, {"entry", "m_xuexi"}};
     driver.Do({{"do", "during"}, {"command", learn}});
     const Reply outer = driver.Do(learn);
