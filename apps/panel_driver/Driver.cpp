@@ -108,19 +108,17 @@ Json Driver::TakeInterruption(const Json& during) {
 
 Json Driver::CarryInterrupted(const Json& command, const Json& interruption) {
     Json played = {{"error", "the command ended before"}};
-    QObject waiting;  // for the interruption to be due; without it nothing is played any more
-    const auto play = [&] {
+    QTimer timer;
+    timer.setSingleShot(true);
+    connect(&timer, &QTimer::timeout, this, [&] {
         played = Carry(interruption["command"]);
         if (quitAsked_) Leave();
-    };
-    // A timer of no length waits until nothing else is to be done, which in a short run is too
-    // late.
-    if (const int after = interruption.value("after", 0); after > 0) {
-        QTimer::singleShot(after, &waiting, play);
-    } else {
-        QMetaObject::invokeMethod(&waiting, play, Qt::QueuedConnection);
-    }
+    });
+    timer.start(interruption.value("after", 0));
+    // A run of some ms may end before it hands control over.
+    program_.session().host.OwePump();
     Json reply = Carry(command);
+    timer.stop();
     played["ok"] = !played.contains("error");
     reply["during"] = played;
     return reply;
