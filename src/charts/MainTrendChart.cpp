@@ -50,7 +50,7 @@ bool UsesWholeHistory(int type) {
 // The condition that the draws of the series meet.
 std::string SeriesCondition(const PeriodRange& range, int type, const std::string& nextIssue,
                             const Date& nextDraw) {
-    const std::string period = "kjqh>=" + range.start + " and kjqh<=" + range.end;
+    std::string period = "kjqh>=" + range.start + " and kjqh<=" + range.end;
     switch (type) {
         case 1:
             return "mid(kjqh,5,3)='" + Characters(nextIssue, 5, 3) + "'";

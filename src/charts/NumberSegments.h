@@ -20,7 +20,8 @@ static_assert(kSegments * kSegmentWidth == kCombinationCount);
 
 // The segment (1 to 16) of a place from 1 to kCombinationCount, 0 for any other.
 constexpr int SegmentOf(std::int64_t place) {
-    return place >= 1 && place <= kCombinationCount ? (place - 1) / kSegmentWidth + 1 : 0;
+    if (place < 1 || place > kCombinationCount) return 0;
+    return static_cast<int>((place - 1) / kSegmentWidth) + 1;
 }
 
 // First and last place of each segment, one line each below a heading.
