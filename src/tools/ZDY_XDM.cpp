@@ -135,12 +135,10 @@ void ZDY_XDM::ShowHelp() {
 bool ZDY_XDM::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return Panel::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent*>(event)->key();
-    if (watched == list1_ && key == Qt::Key_Delete) {
-        DeleteFormula();
-    } else if (watched == text1_ &&
-               (key == Qt::Key_F1 || key == Qt::Key_Return || key == Qt::Key_Enter)) {
+    if (watched == text1_ && (key == Qt::Key_F1 || key == Qt::Key_Return || key == Qt::Key_Enter)) {
         AddFormula();
-    } else if (watched == text1_ && key == Qt::Key_F2) {
+    } else if ((watched == list1_ && key == Qt::Key_Delete) ||
+               (watched == text1_ && key == Qt::Key_F2)) {
         DeleteFormula();
     } else if (watched == text1_ && key == Qt::Key_F3) {
         ReplaceFormula();
@@ -157,6 +155,7 @@ FormulaTarget ZDY_XDM::target() const {
 
 std::vector<std::string> ZDY_XDM::formulas() const {
     std::vector<std::string> formulas;
+    formulas.reserve(static_cast<std::size_t>(list1_->count()));
     for (int i = 0; i < list1_->count(); ++i) {
         formulas.push_back(list1_->item(i)->text().toStdString());
     }
