@@ -242,7 +242,7 @@ void frmShaHao::OpenChart(const GridView& view, int row) {
     const ResultGrid& grid = view.grid();
     if (grid.rows() < 2) return;
     if (row < grid.fixedRows()) row = grid.row();  // pressed beside the rows
-    const std::string key = grid.cell(row, kKeyColumn);
+    const std::string& key = grid.cell(row, kKeyColumn);
     if (key.empty()) return;
     chartKey_ = key;
     tab1_->setTabText(kChartTab, Qs("公式" + key + "的走势图"));
