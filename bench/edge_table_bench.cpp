@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "Query.h"
 #include "Ratio.h"
 #include "base/text.h"
 #include "draws/Public_var.h"
@@ -15,12 +16,6 @@ namespace {
 
 using ssq::Recordset;
 using ssq::Session;
-
-Recordset Query(Session& session, const std::string& sql) {
-    Recordset rows;
-    ssq::RequireEqual(ssq::QueryOrTell(session, sql, rows), sql);
-    return rows;
-}
 
 void AddRowByTexts(Session& session, const std::string& issue, const std::string& drawText) {
     Recordset rows = Query(

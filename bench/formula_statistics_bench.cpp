@@ -2,10 +2,10 @@
 // one pass over the table.
 #include <cstddef>
 #include <cstdlib>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "Query.h"
 #include "Ratio.h"
 #include "base/numbers.h"
 #include "base/text.h"
@@ -31,13 +31,6 @@ Cells Listed(const ssq::ResultGrid& grid) {
 using ssq::Recordset;
 using ssq::Session;
 using ssq::Split;
-
-Recordset Query(Session& session, const std::string& sql) {
-    Recordset rows;
-    std::string errorText;
-    if (!session.connection.OpenQuery(sql, errorText, rows)) throw std::runtime_error(errorText);
-    return rows;
-}
 
 std::string QueryOf(const std::string& key, const std::string& condition,
                     const std::string& endIssue) {

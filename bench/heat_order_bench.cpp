@@ -2,6 +2,7 @@
 // one reading of the history. Both write the same grid.
 #include <string>
 
+#include "Query.h"
 #include "Ratio.h"
 #include "base/text.h"
 #include "draws/Public_var.h"
@@ -15,12 +16,6 @@ namespace {
 
 using ssq::Recordset;
 using ssq::Session;
-
-Recordset Query(Session& session, const std::string& sql) {
-    Recordset rows;
-    ssq::RequireEqual(ssq::QueryOrTell(session, sql, rows), sql);
-    return rows;
-}
 
 // The heat order of a window by statements, the numbers that never occur at its end.
 std::string OrderByStatements(Session& session, const std::string& top, const std::string& window) {

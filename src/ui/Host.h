@@ -1,14 +1,10 @@
 // What the analyses may ask of the presentation.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
 namespace ssq {
-
-// Takes the text of a progress label.
-using ProgressText = std::function<void(const std::string&)>;
 
 // Told before and after the presentation handles events in the middle of a run, so that work in
 // progress (an open transaction) can be put in order first.

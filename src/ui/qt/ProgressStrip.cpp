@@ -9,12 +9,6 @@
 
 namespace ssq {
 
-namespace {
-
-constexpr qint64 kRefreshMs = 8;  // a little below the pace of the event loop in a run
-
-}  // namespace
-
 ProgressStrip::ProgressStrip(const QString& busyText, QWidget* parent)
     : QFrame(parent), message_(new QLabel), bar_(new QProgressBar) {
     setObjectName(QStringLiteral("frmMsg"));
@@ -37,32 +31,22 @@ ProgressStrip::ProgressStrip(const QString& busyText, QWidget* parent)
     hide();
 }
 
-void ProgressStrip::Set(const std::string& text) {
-    if (sinceApplied_.isValid() && sinceApplied_.elapsed() < kRefreshMs) return;
-    Apply(Qs(text));
-}
-
 void ProgressStrip::Tell(const std::string& text) {
-    Apply(Qs(text));
+    const QString shown = Qs(text);
+    message_->setText(shown);
+    bool isNumber = false;
+    const double percent = shown.toDouble(&isNumber);
+    if (isNumber) bar_->setValue(static_cast<int>(percent * 100));
 }
 
 void ProgressStrip::Begin() {
-    Apply({});
+    message_->clear();
     bar_->setValue(0);
-    sinceApplied_.invalidate();
     show();
 }
 
 void ProgressStrip::End() {
     hide();
-}
-
-void ProgressStrip::Apply(const QString& text) {
-    message_->setText(text);
-    bool isNumber = false;
-    const double percent = text.toDouble(&isNumber);
-    if (isNumber) bar_->setValue(static_cast<int>(percent * 100));
-    sinceApplied_.start();
 }
 
 }  // namespace ssq
