@@ -6,6 +6,8 @@
 namespace ssq {
 
 class frmQDDZ final : public Panel {
+    Q_OBJECT  // it is found again by its class
+
   public:
     explicit frmQDDZ(const PanelContext& context, QWidget* parent = nullptr);
 
