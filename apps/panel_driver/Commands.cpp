@@ -171,7 +171,7 @@ const Command kCommands[] = {
     {"close", {}, {}, Close},
     {"sql", {"text"}, {}, Sql},
     {"site", {"url"}, {}, Site},
-    {"folder", {}, {}, [](Call& c) { c.reply["path"] = c.session().programFolder.string(); }},
+    {"folder", {}, {}, [](Call& c) { c.reply["path"] = c.session().userFolder.string(); }},
     {"screenshot", {"file"}, {}, Screenshot},
 };
 // clang-format on

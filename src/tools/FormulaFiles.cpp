@@ -71,7 +71,7 @@ bool SaveZDYgs(Session& session, const std::vector<std::string>& formulas, std::
         bytes.append(*line).append(kLineEnd);
     }
     bytes += kLineEnd;
-    const std::filesystem::path file = session.programFolder / FileName(target, resultText);
+    const std::filesystem::path file = session.userFolder / FileName(target, resultText);
     if (!WriteTextFile(session.host, file, bytes)) return false;
     session.host.ShowMessage("文件已经保存到" + file.string());
     return true;

@@ -219,7 +219,7 @@ void ZDY_XDM::ReplaceFormula() {
 
 void ZDY_XDM::LoadFile() {
     // Files are sorted into folders by day, such as 26-01-14.
-    const std::filesystem::path folder = session().programFolder;
+    const std::filesystem::path folder = session().userFolder;
     const QString today = Qs((folder / NowText().substr(2, 8)).string());
     const QString chosen = context().desktop.AskOpenFile(
         QStringLiteral("请选择公式文件"), QFileInfo(today).isDir() ? today : Qs(folder.string()),
