@@ -12,6 +12,10 @@ namespace ssq {
 class Host;
 struct Session;
 
+// The formulas in the text of the store's row, whose query is kStoredFormulas.
+std::vector<std::string> FormulasOf(const std::string& stored);
+inline constexpr const char* kStoredFormulas = "Select gstext from gsjs where gsname='dm'";
+
 // The formulas in force. Nothing after showing the store's text.
 std::optional<std::vector<std::string>> LoadFormulaList(Session& session);
 

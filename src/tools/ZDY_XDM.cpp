@@ -13,6 +13,8 @@
 #include <QTextBrowser>
 
 #include "base/dates.h"
+#include "base/numbers.h"
+#include "draws/NumberSource.h"
 #include "draws/Public_var.h"
 #include "tools/Expression.h"
 #include "tools/FormulaFiles.h"
@@ -251,6 +253,8 @@ bool ZDY_XDM::Test(Run& run) {
     const auto report = TestFormulas(session(), test, run);
     if (!report) return false;
     list2_->setPlainText(Qs(*report));
+    NameNumbers(FormulaSources(formulas(), test.target, ParseNumber(test.low).value_or(0),
+                               ParseNumber(test.high).value_or(0)));
     return true;
 }
 
