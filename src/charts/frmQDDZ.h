@@ -5,8 +5,9 @@
 
 namespace ssq {
 
+// Its class names it to the toolkit, since it is found again by it.
 class frmQDDZ final : public Panel {
-    Q_OBJECT  // it is found again by its class
+    Q_OBJECT
 
   public:
     explicit frmQDDZ(const PanelContext& context, QWidget* parent = nullptr);
