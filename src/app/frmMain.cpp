@@ -6,11 +6,9 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QStatusBar>
 
-#include "acquire/BallOrder.h"
-#include "acquire/KjData.h"
-#include "acquire/Prizes.h"
 #include "app/MDL_UPDATE.h"
 #include "app/frmMainMenu.h"
 #include "app/frmMainPanels.h"
@@ -30,9 +28,10 @@
 namespace ssq {
 
 frmMain::frmMain(const PanelContext& context)
-    : context_(context),
-      panels_(std::make_unique<PanelRegistry>(context, *this)),
-      learnRuns_(context.session.host) {
+    : context_(WithStatus(context)),
+      panels_(std::make_unique<PanelRegistry>(context_, *this)),
+      learnRuns_(context.session.host),
+      updates_(context.session, {context_.tellStatus, [this] { TakeNewDraws(); }}) {
     BuildControls();
     BuildMenus();
     Load();
@@ -57,6 +56,8 @@ void frmMain::BuildControls() {
     AddButton(query, "Command3", QStringLiteral("购买彩票"), [this] { BuyTickets(); });
     AddButton(query, "cmdXuanHao", QStringLiteral("选号台"),
               [this] { panels_->Open(QStringLiteral("frmXuanHao")); });
+    updateAll_ =
+        AddButton(query, "cmdUpdateAll", QStringLiteral("全部更新"), [this] { UpdateAll(); });
 
     progress_ = new ProgressStrip(QStringLiteral("正在学习中......."));
     column->addWidget(progress_);
@@ -65,11 +66,14 @@ void frmMain::BuildControls() {
     vs1_ = AddGrid(resultGroup_, "vs1");
 
     statusBar()->setObjectName(QStringLiteral("bar1"));
-    for (int panel = 0; panel < 2; ++panel) {
+    for (int panel = 0; panel < 3; ++panel) {
         statusPanels_[panel] = new QLabel;
+        statusPanels_[panel]->setTextFormat(Qt::PlainText);
         statusPanels_[panel]->setObjectName(QStringLiteral("panel%1").arg(panel + 1));
         statusBar()->addWidget(statusPanels_[panel], panel);
     }
+    // The line of the updates takes the room that is left, and never widens the window.
+    statusPanels_[2]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 }
 
 void frmMain::BuildMenus() {
@@ -118,13 +122,13 @@ void frmMain::RunCommand(const MenuEntry& entry) {
             Learn();
             return;
         case MenuAction::kUpdateDraws:
-            UpdateDrawsOfWindow();
+            updates_.Draws();
             return;
         case MenuAction::kUpdatePrizes:
-            UpdatePrizes(context_.session);
+            updates_.Prizes();
             return;
         case MenuAction::kUpdateBallOrder:
-            UpdateBallOrder(context_.session);
+            updates_.BallOrder();
             return;
         case MenuAction::kOpenContact:
             context_.desktop.Open(Qs(deployment.contactLink));
@@ -153,12 +157,28 @@ void frmMain::SetStatusPanel(const std::string& text, int panel) {
     statusPanels_[panel - 1]->setText(Qs(Trim(text)));
 }
 
+void frmMain::TellUpdate(const std::string& text) {
+    SetStatusPanel(text, 3);
+    // Whole, since the line may be cut short.
+    statusPanels_[2]->setToolTip(QStringLiteral("<p>%1</p>").arg(Qs(text).toHtmlEscaped()));
+}
+
 void frmMain::ShowLatestIssue() {
     SetStatusPanel("最新:" + context_.session.LatestIssue, 1);
 }
 
-void frmMain::UpdateDrawsOfWindow() {
-    if (!UpdateDraws(context_.session)) return;
+void frmMain::UpdateAll() {
+    updateAll_->setEnabled(false);
+    updates_.All();
+    updateAll_->setEnabled(true);
+}
+
+PanelContext frmMain::WithStatus(PanelContext context) {
+    context.tellStatus = [this](const std::string& text) { TellUpdate(text); };
+    return context;
+}
+
+void frmMain::TakeNewDraws() {
     ShowLatestIssue();
     RefillCombos();
     panels_->TakeNewDraws();

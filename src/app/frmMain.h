@@ -5,11 +5,13 @@
 #include <memory>
 #include <optional>
 
+#include "acquire/Updates.h"
 #include "ui/qt/Panel.h"
 
 class QGroupBox;
 class QLabel;
 class QMenu;
+class QPushButton;
 class QVBoxLayout;
 
 namespace ssq {
@@ -36,12 +38,16 @@ class frmMain final : public QMainWindow {
     void RunEntry(const MenuEntry& entry);
     void RunCommand(const MenuEntry& entry);
     void Load();
-    // `panel` is 1 or 2; blanks around the text are dropped.
+    // `panel` is 1 to 3; blanks around the text are dropped.
     void SetStatusPanel(const std::string& text, int panel);
+    // How an update goes, in the third panel of the status bar.
+    void TellUpdate(const std::string& text);
     void RefillCombos();
     void OpenDialog(const QString& panel);
     void ShowLatestIssue();
-    void UpdateDrawsOfWindow();
+    PanelContext WithStatus(PanelContext context);
+    void UpdateAll();
+    void TakeNewDraws();
     void ShowLearningMode(const std::optional<BankerSettings>& settings);
     void Learn();
     void Recommend();
@@ -54,8 +60,10 @@ class frmMain final : public QMainWindow {
     QGroupBox* resultGroup_ = nullptr;
     GridView* vs1_ = nullptr;
     ProgressStrip* progress_ = nullptr;
-    QLabel* statusPanels_[2] = {};
+    QPushButton* updateAll_ = nullptr;
+    QLabel* statusPanels_[3] = {};
     PanelRuns learnRuns_;
+    Updates updates_;
 };
 
 }  // namespace ssq

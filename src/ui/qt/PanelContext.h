@@ -15,6 +15,8 @@ struct PanelContext {
     Desktop& desktop;
     // Puts conditions of a number filter behind those of the plan; empty in a window of its own.
     std::function<void(const std::string& conditions)> addToPlan = {};
+    // Shows how an update goes in the main window's status line; empty in a window of its own.
+    std::function<void(const std::string& text)> tellStatus = {};
     // What the open panels name for the next draw; null in a window of its own.
     NumbersAtHand* atHand = nullptr;
 };
