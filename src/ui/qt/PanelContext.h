@@ -7,6 +7,7 @@
 namespace ssq {
 
 class Desktop;
+class NumbersAtHand;
 struct Session;
 
 struct PanelContext {
@@ -14,6 +15,8 @@ struct PanelContext {
     Desktop& desktop;
     // Puts conditions of a number filter behind those of the plan; empty in a window of its own.
     std::function<void(const std::string& conditions)> addToPlan = {};
+    // What the open panels name for the next draw; null in a window of its own.
+    NumbersAtHand* atHand = nullptr;
 };
 
 }  // namespace ssq
