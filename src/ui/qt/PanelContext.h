@@ -14,6 +14,8 @@ struct PanelContext {
     Desktop& desktop;
     // Puts conditions of a number filter behind those of the plan; empty in a window of its own.
     std::function<void(const std::string& conditions)> addToPlan = {};
+    // To be called after the settings of banker learning have changed; empty likewise.
+    std::function<void()> onBankerSettings = {};
 };
 
 }  // namespace ssq
