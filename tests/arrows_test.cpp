@@ -33,8 +33,9 @@ const std::map<std::string, Folders> kAllowed = {
     {"acquire", kAnalysis},
     {"banker", kAnalysis},
     // Attributes of bets that the charts show under the same names are counted by their
-    // calculators; plans take in what the wraps and the heat name for the next draw.
-    {"bets", kAnalysis + Folders{"charts", "stats", "wrap"}},
+    // calculators; plans take in what the wraps, the heat and the user's formulas name for the
+    // next draw.
+    {"bets", kAnalysis + Folders{"charts", "stats", "tools", "wrap"}},
     {"charts", kAnalysis},
     {"history", kAnalysis},
     {"kill", kAnalysis},

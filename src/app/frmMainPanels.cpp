@@ -83,6 +83,7 @@ const std::map<QString, Make<QDialog>>& Dialogs() {
 PanelRegistry::PanelRegistry(const PanelContext& context, QWidget& owner)
     : context_(context), owner_(owner) {
     context_.addToPlan = [this](const std::string& conditions) { AddToPlan(conditions); };
+    context_.atHand = &atHand_;
 }
 
 bool PanelRegistry::Knows(const QString& name) {

@@ -1,5 +1,6 @@
 #include "tools/MDL_zdy_dm.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -7,6 +8,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "draws/Draw.h"
+#include "draws/NumberSource.h"
 #include "draws/Public_var.h"
 #include "draws/queries.h"
 #include "tools/Expression.h"
@@ -130,7 +132,41 @@ std::string Report(const FormulaTest& test, const TestLog& log) {
            "以下是错误的期号和号码：" + lineEnds + log.wrongLog;
 }
 
+// The balls that the formulas name for the draw behind the last of these.
+RedSet NamedBalls(std::span<const Draw> earlier, const std::vector<std::string>& formulas,
+                  FormulaTarget target) {
+    RedSet balls;
+    if (earlier.empty()) return balls;
+    std::string errorText;
+    const auto list = EvaluateFormulas(earlier.back(), formulas, target, errorText);
+    if (!list) return balls;
+    const int last = target == FormulaTarget::kBlue ? kBlues : kReds;
+    const std::vector<std::string> items = Split(*list, ",");
+    for (int ball = 1; ball <= last; ++ball) {
+        const std::string text = TwoDigits(ball);
+        const std::string name = target == FormulaTarget::kTail ? TailOf(text) : text;
+        if (std::ranges::find(items, name) != items.end()) balls.Add(ball);
+    }
+    return balls;
+}
+
 }  // namespace
+
+std::vector<NumberSource> FormulaSources(std::vector<std::string> formulas, FormulaTarget target,
+                                         double low, double high) {
+    const int most = target == FormulaTarget::kBlue ? 1 : kRedsInDraw;
+    const CountRange range{static_cast<int>(std::ceil(std::clamp(low, 0.0, most + 1.0))),
+                           static_cast<int>(std::floor(std::clamp(high, -1.0, 1.0 * most)))};
+    const bool oneIsEnough = range.low == 1 && range.high == most;
+    if (formulas.empty() || range.low > range.high) return {};
+    if (target != FormulaTarget::kRed && !oneIsEnough) return {};
+    return {{.name = "自助" + TargetWord(target) + "公式",
+             .range = range,
+             .isBlue = target == FormulaTarget::kBlue,
+             .numbers = [formulas = std::move(formulas), target](std::span<const Draw> earlier) {
+                 return NamedBalls(earlier, formulas, target);
+             }}};
+}
 
 std::string TargetWord(FormulaTarget target) {
     switch (target) {

@@ -10,6 +10,7 @@
 namespace ssq {
 
 class Run;
+struct NumberSource;
 struct Draw;
 struct Session;
 
@@ -36,6 +37,12 @@ struct FormulaTest {
     std::string high;
     FormulaTarget target = FormulaTarget::kRed;
 };
+
+// What the formulas name when so many of their hits, of `low` to `high`, count as right: one
+// source, or none for counts that no draw can have. Tails name the reds that end in them, and only
+// where one hit is enough, as two reds of a tail are one tail. A formula's error names nothing.
+std::vector<NumberSource> FormulaSources(std::vector<std::string> formulas, FormulaTarget target,
+                                         double low, double high);
 
 // Each draw of the test against what the formulas give for the draw before it: the report's
 // lines, ended by CR LF. Nothing when the run ends, after a message (a formula's error, no draws,

@@ -13,6 +13,8 @@
 #include <QTextBrowser>
 
 #include "base/dates.h"
+#include "base/numbers.h"
+#include "draws/NumberSource.h"
 #include "draws/Public_var.h"
 #include "tools/Expression.h"
 #include "tools/FormulaFiles.h"
@@ -217,7 +219,7 @@ void ZDY_XDM::ReplaceFormula() {
 
 void ZDY_XDM::LoadFile() {
     // Files are sorted into folders by day, such as 26-01-14.
-    const std::filesystem::path folder = session().programFolder;
+    const std::filesystem::path folder = session().userFolder;
     const QString today = Qs((folder / NowText().substr(2, 8)).string());
     const QString chosen = context().desktop.AskOpenFile(
         QStringLiteral("请选择公式文件"), QFileInfo(today).isDir() ? today : Qs(folder.string()),
@@ -251,6 +253,8 @@ bool ZDY_XDM::Test(Run& run) {
     const auto report = TestFormulas(session(), test, run);
     if (!report) return false;
     list2_->setPlainText(Qs(*report));
+    NameNumbers(FormulaSources(formulas(), test.target, ParseNumber(test.low).value_or(0),
+                               ParseNumber(test.high).value_or(0)));
     return true;
 }
 

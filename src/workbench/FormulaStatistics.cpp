@@ -142,6 +142,7 @@ std::optional<FormulaReport> FormulaStatistics(Session& session, const FormulaCo
     const auto draws = ReadDrawsUpTo(session, endIssue, kFormulaDraws);
     if (!draws) return std::nullopt;
     const int total = RenumberEdgeTable(session, endIssue);
+    if (!run.SlowStep(0, kFormulaCount)) return std::nullopt;
     AllStats all;
     if (total > 0 && !WalkHistory(session, condition, endIssue, all)) return std::nullopt;
 

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "draws/NumberSource.h"
 #include "draws/Public_var.h"
 #include "ui/Host.h"
 #include "ui/qt/ProgressStrip.h"
@@ -80,6 +81,7 @@ bool Panel::Perform(const PanelRuns::Controls& controls, const std::function<boo
     return succeeded && !closed_;
 }
 
+<<<<<<< HEAD
 void Panel::SetMainButton(QPushButton* button) {
     mainButton_ = button;
     button->setDefault(true);
@@ -96,6 +98,10 @@ QPushButton* Panel::MainButtonNow() const {
         return focus && (inputs == focus || inputs->isAncestorOf(focus));
     });
     return part == partButtons_.end() ? mainButton_ : part->second;
+=======
+void Panel::NameNumbers(std::vector<NumberSource> sources) {
+    if (context_.atHand) context_.atHand->Show(objectName().toStdString(), std::move(sources));
+>>>>>>> main
 }
 
 void Panel::keyPressEvent(QKeyEvent* event) {
@@ -110,6 +116,7 @@ void Panel::closeEvent(QCloseEvent* event) {
     event->accept();
     if (closed_) return;
     closed_ = true;
+    if (context_.atHand) context_.atHand->Forget(objectName().toStdString());
     runs_.EndAll();
     if (!runs_.IsAnyUnderWay()) deleteLater();
 }

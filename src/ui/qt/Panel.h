@@ -15,6 +15,7 @@ class QPushButton;
 namespace ssq {
 
 class ProgressStrip;
+struct NumberSource;
 
 // The runs of one panel. The newest wins: an older one still under way ends quietly at its next
 // step.
@@ -71,6 +72,9 @@ class Panel : public QWidget {
 
     // The run of a button or a menu entry; see PanelRuns::Perform.
     bool Perform(const PanelRuns::Controls& controls, const std::function<bool(Run&)>& work);
+
+    // What the panel's result names for the next draw, at hand until the panel closes.
+    void NameNumbers(std::vector<NumberSource> sources);
 
     // F5 and Enter in an input press it, and it stands out.
     void SetMainButton(QPushButton* button);

@@ -7,6 +7,7 @@
 namespace ssq {
 
 class Desktop;
+class NumbersAtHand;
 struct Session;
 
 struct PanelContext {
@@ -16,6 +17,8 @@ struct PanelContext {
     std::function<void(const std::string& conditions)> addToPlan = {};
     // To be called after the settings of banker learning have changed; empty likewise.
     std::function<void()> onBankerSettings = {};
+    // What the open panels name for the next draw; null in a window of its own.
+    NumbersAtHand* atHand = nullptr;
 };
 
 }  // namespace ssq
