@@ -81,7 +81,6 @@ bool Panel::Perform(const PanelRuns::Controls& controls, const std::function<boo
     return succeeded && !closed_;
 }
 
-<<<<<<< HEAD
 void Panel::SetMainButton(QPushButton* button) {
     mainButton_ = button;
     button->setDefault(true);
@@ -98,10 +97,10 @@ QPushButton* Panel::MainButtonNow() const {
         return focus && (inputs == focus || inputs->isAncestorOf(focus));
     });
     return part == partButtons_.end() ? mainButton_ : part->second;
-=======
+}
+
 void Panel::NameNumbers(std::vector<NumberSource> sources) {
     if (context_.atHand) context_.atHand->Show(objectName().toStdString(), std::move(sources));
->>>>>>> main
 }
 
 void Panel::keyPressEvent(QKeyEvent* event) {

@@ -107,6 +107,8 @@ TEST(Panels, OpenWithinTheScreenAndPressTheButtonOfTheInput) {
         std::string pressed;
     };
     const TempFolder folder;
+    std::filesystem::create_directory(folder.path() / "manual");
+    folder.Write("manual/two.html", "page");
     TestHost host;
     Session session{host, folder.path()};
     QWidget owner;
@@ -133,15 +135,17 @@ TEST(Panels, OpenWithinTheScreenAndPressTheButtonOfTheInput) {
     }
     EXPECT_EQ(below->pressed, "mpom");
     QTest::keyClick(below->first, Qt::Key_F1);
-    EXPECT_EQ(host.Texts(), std::vector<std::string>{"没有找到软件帮助！"});
+    EXPECT_EQ(TestDesktop().TakeOpened(),
+              Json::array({(folder.path() / "manual" / "two.html").string()}));
     QTest::keyClick(below->first, Qt::Key_W, Qt::ControlModifier);
     EXPECT_TRUE(below->isClosed());
 }
 
 TEST(LearningLog, TellsOfARestoreAtOnce) {
     TestDatabase database;
-    database.Run("insert into xxjl(rqs,r1gs,r2gs,r3gs,r1mz,r2mz,r3mz) "
-                 "values(20,'1,2','2,3','3,4',50,40,30)");
+    database.Run(
+        "insert into xxjl(rqs,r1gs,r2gs,r3gs,r1mz,r2mz,r3mz) "
+        "values(20,'1,2','2,3','3,4',50,40,30)");
     int told = 0;
     PanelContext context{database.session(), TestDesktop()};
     context.onBankerSettings = [&told] { ++told; };
