@@ -5,7 +5,7 @@
 #include "app/Program.h"
 #include "ui/qt/Application.h"
 #include "ui/qt/Desktop.h"
-#include "ui/qt/form.h"
+#include "ui/qt/placing.h"
 
 namespace {
 
