@@ -15,6 +15,8 @@ struct PanelContext {
     Desktop& desktop;
     // Puts conditions of a number filter behind those of the plan; empty in a window of its own.
     std::function<void(const std::string& conditions)> addToPlan = {};
+    // To be called after the settings of banker learning have changed; empty likewise.
+    std::function<void()> onBankerSettings = {};
     // What the open panels name for the next draw; null in a window of its own.
     NumbersAtHand* atHand = nullptr;
 };
