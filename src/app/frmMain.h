@@ -29,9 +29,11 @@ class frmMain final : public QMainWindow {
     ~frmMain() override;
 
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    PanelContext WithStatusBar();
     void BuildControls();
     void BuildMenus();
     void AddEntry(QMenu& menu, const MenuEntry& entry);
@@ -43,9 +45,7 @@ class frmMain final : public QMainWindow {
     // How an update goes, in the third panel of the status bar.
     void TellUpdate(const std::string& text);
     void RefillCombos();
-    void OpenDialog(const QString& panel);
     void ShowLatestIssue();
-    PanelContext WithStatus(PanelContext context);
     void UpdateAll();
     void TakeNewDraws();
     void ShowLearningMode(const std::optional<BankerSettings>& settings);
@@ -57,6 +57,7 @@ class frmMain final : public QMainWindow {
     std::unique_ptr<PanelRegistry> panels_;
     IssueCombo* start_ = nullptr;
     IssueCombo* end_ = nullptr;
+    QPushButton* recommendButton_ = nullptr;
     QGroupBox* resultGroup_ = nullptr;
     GridView* vs1_ = nullptr;
     ProgressStrip* progress_ = nullptr;

@@ -21,7 +21,7 @@
 #include "tools/frmDFjishuan.h"
 #include "tools/frmLSBJ.h"
 #include "tools/frmMtoN.h"
-#include "ui/qt/form.h"
+#include "ui/qt/placing.h"
 #include "workbench/frmShaHao.h"
 #include "wrap/frm18MaWeiHong.h"
 #include "wrap/frmWeiLan.h"

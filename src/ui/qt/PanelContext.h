@@ -17,6 +17,8 @@ struct PanelContext {
     std::function<void(const std::string& conditions)> addToPlan = {};
     // Shows how an update goes in the main window's status line; empty in a window of its own.
     std::function<void(const std::string& text)> tellStatus = {};
+    // To be called after the settings of banker learning have changed; empty likewise.
+    std::function<void()> onBankerSettings = {};
     // What the open panels name for the next draw; null in a window of its own.
     NumbersAtHand* atHand = nullptr;
 };
