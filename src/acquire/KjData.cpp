@@ -225,7 +225,7 @@ bool InsertDraws(Session& session, const Harvest& harvest, int& written) {
     std::string errorText;
     for (std::size_t i = harvest.NewIssues.size(); i-- > 0;) {
         if (!InsertDraw(session.connection, DrawOf(harvest, i), errorText)) {
-            session.host.ShowMessage(errorText);
+            TellStoreFault(session, "保存开奖数据失败", errorText);
             return false;
         }
         ++written;

@@ -70,10 +70,10 @@ UpdateResult UpdateIssues(Session& session, Run& run, const std::string& host,
     PageSource site(session, run, host);
     Recordset issues;
     std::string errorText;
-    if (!session.connection.OpenQuery(update.pending, errorText, issues)) {
-        if (update.tellsOfQuery) session.host.ShowMessage(errorText);
-        return EndOfUpdate(site, run, written);
-    }
+    const bool read = update.tellsOfQuery
+                          ? QueryOrTell(session, update.pending, issues)
+                          : session.connection.OpenQuery(update.pending, errorText, issues);
+    if (!read) return EndOfUpdate(site, run, written);
     WriteBatch batch(session.host, session.connection);
     for (int number = 1; !issues.eof(); issues.MoveNext(), ++number) {
         const std::string issue = issues.Text(0);
