@@ -14,6 +14,7 @@ class QVBoxLayout;
 
 namespace ssq {
 
+class ChanceRemark;
 class GridView;
 class IssueCombo;
 class PanelRegistry;
@@ -53,6 +54,7 @@ class frmMain final : public QMainWindow {
     IssueCombo* end_ = nullptr;
     QGroupBox* resultGroup_ = nullptr;
     GridView* vs1_ = nullptr;
+    ChanceRemark* remark_ = nullptr;
     ProgressStrip* progress_ = nullptr;
     QLabel* statusPanels_[2] = {};
     PanelRuns learnRuns_;

@@ -9,6 +9,7 @@
 
 #include "draws/Public_var.h"
 #include "ui/Host.h"
+#include "ui/qt/ChanceRemark.h"
 #include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
@@ -102,6 +103,7 @@ void frmShaHao::BuildTabs(QBoxLayout* column) {
     vs1_ = AddGrid(views, "vs1");
     BuildFilters(views);
     BuildChart(views);
+    column->addWidget(remark_ = new ChanceRemark(context()));
     connect(tab1_, &QTabBar::currentChanged, this, [this](int tab) { ShowView(tab); });
     // A click on the tab that is selected already looks again what there is to show.
     connect(tab1_, &QTabBar::tabBarClicked, this, [this](int tab) {
@@ -188,6 +190,7 @@ std::string frmShaHao::conditionText() const {
 bool frmShaHao::FormulaStatistics(Run& run) {
     vs1_->SetGrid({});
     vs2_->SetGrid({});
+    remark_->Show({});
     SelectTab(kResultsTab);
     const FormulaCondition condition{cboWhere_->currentText().toStdString(),
                                      cboNum_->currentText().toInt()};
@@ -195,6 +198,10 @@ bool frmShaHao::FormulaStatistics(Run& run) {
     if (!report) return false;
     nextDraw_->setText(Qs(report->nextDrawLine));
     vs1_->SetGrid(std::move(report->grid));
+    remark_->Show(report->remark, {{"cboFangFa", "单条公式"},
+                                   {"cboWhere", condition.comparison},
+                                   {"CboNUM", std::to_string(condition.reds)},
+                                   {"cboFxqs", "全部"}});
     return true;
 }
 
