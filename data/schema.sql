@@ -77,9 +77,12 @@ from cphm
 order by kjqh;
 
 -- Settings: itype 0 is banker learning (xxqs draws, 5 to 100; dmgs bankers, 1 to 5), itype 1 kill
--- learning, whose row appears when its settings are first saved.
+-- learning (xxqs draws; dmgs + 1 formulas in a set; rc of them may fail; setRate in percent). The
+-- rate is what its dialog proposes for one formula that may not fail: on ten draws the best of the
+-- 130 formulas reaches it.
 create table vqs(itype integer, xxqs integer, dmgs integer, rc numeric, setRate numeric);
 insert into vqs(itype, xxqs, dmgs) values(0, 30, 3);
+insert into vqs(itype, xxqs, dmgs, rc, setRate) values(1, 10, 0, 0, 40);
 
 -- Formulas of the last banker learning and their rates in percent.
 create table trate(gs text, rate numeric);

@@ -3,8 +3,8 @@
 #   install-packages.sh build | test | lint
 set -euo pipefail
 
-build=(build-essential cmake ninja-build pkg-config qt6-base-dev qt6-charts-dev libqt6opengl6-dev
-       libgl1-mesa-dev libsqlite3-dev libcurl4-openssl-dev libpcre2-dev libgsf-1-dev
+build=(build-essential cmake ninja-build pkg-config qt6-base-dev qt6-charts-dev qt6-svg-dev
+       libqt6opengl6-dev libgl1-mesa-dev libsqlite3-dev libcurl4-openssl-dev libpcre2-dev libgsf-1-dev
        nlohmann-json3-dev libgtest-dev libgmock-dev libcpp-httplib-dev libfreexl-dev
        fonts-noto-cjk qt6-translations-l10n python3)
 test=("${build[@]}" python3-xlrd)

@@ -27,6 +27,14 @@ class KillRoad : public testing::Test {
     DriverClient driver;
 };
 
+TEST_F(KillRoad, FindsASetWithTheSettingsAsDelivered) {
+    driver.Close();
+    EXPECT_THAT(driver.Menu("m_shamatujian").Messages(), ElementsAre());
+    driver.Click("Command2");
+    EXPECT_THAT(driver.Click("Command1").Messages(), ElementsAre());
+    EXPECT_EQ(driver.Grid("vs1").Cell(12, 9), std::to_string(Learned()[1].get<int>()));
+}
+
 TEST_F(KillRoad, LearnsEverySizeAndShowsTheLearnedDraws) {
     for (int dmgs = 0; dmgs < 4; ++dmgs) {
         EXPECT_THAT(Learn(dmgs, "10", "10"), ElementsAre());

@@ -116,7 +116,7 @@ TEST_F(DialectInUse, RunsOneStatementAtATime) {
     EXPECT_THAT(ErrorOf("delete from vqs; delete from gsjs"), HasSubstr("多余"));
     EXPECT_THAT(ErrorOf("delete from vqs;;"), HasSubstr("多余"));
     EXPECT_THAT(ErrorOf(std::string("delete from vqs\0where 1=0", 25)), HasSubstr("多余"));
-    EXPECT_THAT(Column("select count(*) from vqs"), ElementsAre("1"));
+    EXPECT_THAT(Column("select count(*) from vqs"), ElementsAre("2"));
     EXPECT_NE(ErrorOf(" -- nothing"), "");
     EXPECT_NE(ErrorOf("insert into trate(gs,rate) values(select gs1 from xxjl where "), "");
     EXPECT_THAT(ErrorOf("Select count(*) from BMHZ"), HasSubstr("BMHZ"));

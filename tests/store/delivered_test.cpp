@@ -82,7 +82,7 @@ TEST_F(DeliveredTest, RoundsTheReturnRatioAsTheProgramRounds) {
 }
 
 TEST_F(DeliveredTest, HoldsTheSettingsAndStampsItsRecords) {
-    EXPECT_EQ(Rows("select itype,xxqs,dmgs from vqs"), "0|30|3\n");
+    EXPECT_EQ(Rows("select itype,xxqs,dmgs from vqs where itype=0"), "0|30|3\n");
     EXPECT_EQ(Rows("select count(*) from gsjs where gsname='dm' and gstext<>''"), "1\n");
     database.Run("insert into tSrecord(tQs) values(5)");
     const std::string stamp = database.Run("select txxDate from tSrecord").Text(0);

@@ -3,10 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <QFont>
-#include <QPalette>
 #include <QSocketNotifier>
-#include <QStyleFactory>
 #include <atomic>
 #include <cerrno>
 #include <csignal>
@@ -14,34 +11,11 @@
 #include <new>
 
 #include "ui/qt/Desktop.h"
+#include "ui/qt/look.h"
 
 namespace ssq {
 
 namespace {
-
-constexpr int kTextPoints = 10;
-
-QPalette LightPalette() {
-    QPalette palette;
-    palette.setColor(QPalette::Window, QColor(0xF4, 0xF6, 0xF6));
-    palette.setColor(QPalette::WindowText, QColor(0x22, 0x2B, 0x2D));
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::AlternateBase, QColor(0xEC, 0xF1, 0xF1));
-    palette.setColor(QPalette::Text, QColor(0x22, 0x2B, 0x2D));
-    palette.setColor(QPalette::Button, QColor(0xE9, 0xEE, 0xEE));
-    palette.setColor(QPalette::ButtonText, QColor(0x22, 0x2B, 0x2D));
-    palette.setColor(QPalette::Highlight, QColor(0x2F, 0x7D, 0x8C));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    return palette;
-}
-
-QFont TextFont() {
-    QFont font = QApplication::font();
-    font.setFamilies({QStringLiteral("Microsoft YaHei"), QStringLiteral("PingFang SC"),
-                      QStringLiteral("Noto Sans CJK SC"), QStringLiteral("WenQuanYi Micro Hei")});
-    font.setPointSize(kTextPoints);
-    return font;
-}
 
 // A handler of signals gets no argument of ours, so this one thing stands outside all objects.
 std::atomic<int> terminationWriter = -1;
@@ -56,9 +30,7 @@ void OnTerminationSignal(int) {
 
 Application::Application(int& argc, char** argv, Desktop& desktop)
     : QApplication(argc, argv), desktop_(desktop) {
-    setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    setPalette(LightPalette());
-    setFont(TextFont());
+    SetLook(*this);
     setQuitOnLastWindowClosed(false);
     WatchTermination();
 }
