@@ -227,9 +227,10 @@ std::optional<GridReport> BuildBankerRecommendation(Session& session, const Peri
     }
     FillNextIssueRow(inputs, grid, nextIssueRow);
     FillRateRow(inputs, grid, nextIssueRow + 1, hitRows);
-    return GridReport{std::move(grid), "分析结果  共" + std::to_string(inputs.range.size()) +
-                                           "期数据,概率降低请重新学习",
-                      Remark(inputs)};
+    return GridReport{
+        std::move(grid),
+        "分析结果  共" + std::to_string(inputs.range.size()) + "期数据,概率降低请重新学习",
+        Remark(inputs)};
 }
 
 }  // namespace ssq

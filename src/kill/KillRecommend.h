@@ -6,6 +6,7 @@
 #include <string>
 
 #include "draws/public_fun.h"
+#include "kill/KillSettings.h"
 #include "ui/ColumnTable.h"
 
 namespace ssq {

@@ -46,11 +46,12 @@ frmSHAMA::frmSHAMA(const PanelContext& context, QWidget* parent)
                    }
                }}});
     AddRemark([this] {
-        return ControlTexts{{"cboFangFa", "杀码学习"},
-                            {"txtXXQS", std::to_string(shown_.xxqs)},
-                            {"cboSmGs", "杀" + std::to_string(kRedsInDraw * (shown_.dmgs + 1)) + "码"},
-                            {"cboycGs", std::to_string(shown_.rc)},
-                            {"txtGL", NumberText(shown_.setRate)}};
+        return ControlTexts{
+            {"cboFangFa", "杀码学习"},
+            {"txtXXQS", std::to_string(shown_.xxqs)},
+            {"cboSmGs", "杀" + std::to_string(kRedsInDraw * (shown_.dmgs + 1)) + "码"},
+            {"cboycGs", std::to_string(shown_.rc)},
+            {"txtGL", NumberText(shown_.setRate)}};
     });
     if (const auto settings = ReadKillSettingsOrTell(session())) TakePeriod(settings->xxqs);
 }

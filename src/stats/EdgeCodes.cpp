@@ -218,8 +218,8 @@ std::string Remark(const EdgeDraws& draws, const EdgeRequest& request) {
     std::string text = "机会线：每个位置 " + PercentText(ChanceOfAnyHit(1)) + "，左或右的全码 " +
                        PercentText(ChanceOfAnyHit(kRedsInDraw));
     if (request.mode == ShiftMode::kBoth) {
-        text += "；左右合并按每期不同的号码算，平均 " +
-                PercentText(ChanceOfBothSides(draws, request));
+        text +=
+            "；左右合并按每期不同的号码算，平均 " + PercentText(ChanceOfBothSides(draws, request));
     }
     return text + "。";
 }

@@ -53,7 +53,7 @@ struct GridReport {
     ResultGrid grid;
     std::string caption;  // of the group around the grid; empty leaves the one that stands there
     // What as many numbers picked at random would reach; empty where nothing was judged.
-    std::string remark;
+    std::string remark = {};
 };
 
 }  // namespace ssq

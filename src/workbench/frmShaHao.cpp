@@ -28,8 +28,6 @@ namespace {
 
 enum Tab { kResultsTab, kFiltersTab, kChartTab };
 
-constexpr int kLongestThreshold = 32;  // characters
-
 struct TabEntry {
     const char* caption;
     const char* key;
@@ -42,16 +40,6 @@ constexpr std::array kTabs = {
     TabEntry{" 公式筛选", "gsxs", "对公式统计的结果进行筛选"},
     TabEntry{"公式走势图", "gszst", "选择公式后查看该公式的命中走势"},
 };
-
-QComboBox* AddFreeCombo(QBoxLayout* row, const char* name, const char* label,
-                        std::initializer_list<const char*> entries) {
-    QComboBox* combo = AddCombo(row, name, QString::fromUtf8(label), entries);
-    combo->setEditable(true);
-    combo->setInsertPolicy(QComboBox::NoInsert);
-    combo->lineEdit()->setMaxLength(kLongestThreshold);
-    combo->setCompleter(nullptr);  // "3" is a number of its own, not the start of "30"
-    return combo;
-}
 
 }  // namespace
 
@@ -114,12 +102,12 @@ void frmShaHao::BuildTabs(QBoxLayout* column) {
 void frmShaHao::BuildFilters(QBoxLayout* views) {
     filters_ = AddGroup(views, "Frame2", QStringLiteral("筛选条件"));
     auto* row = AddRow(filters_);
-    cboYLCS_ = AddFreeCombo(
-        row, "cboYLCS", "当前遗漏次数>=", {"1", "5", "10", "30", "50", kGapFilter.maximumKeyword});
+    cboYLCS_ = AddFreeCombo(row, "cboYLCS", QStringLiteral("当前遗漏次数>="),
+                            {"1", "5", "10", "30", "50", kGapFilter.maximumKeyword});
     AddButton(row, "Command2", QStringLiteral("筛选"),
               [this] { Filter(kGapFilter, cboYLCS_->currentText()); });
-    cboYCCS_ = AddFreeCombo(
-        row, "cboYCCS", "当前连出次数>=", {"1", "5", "10", "30", "50", kRunFilter.maximumKeyword});
+    cboYCCS_ = AddFreeCombo(row, "cboYCCS", QStringLiteral("当前连出次数>="),
+                            {"1", "5", "10", "30", "50", kRunFilter.maximumKeyword});
     AddButton(row, "Command3", QStringLiteral("筛选"),
               [this] { Filter(kRunFilter, cboYCCS_->currentText()); });
     txtGL_ = AddTextBox(row, "txtGL", QStringLiteral("出现概率>="));

@@ -211,8 +211,8 @@ std::optional<GridReport> BuildRedWrap(Session& session, const PeriodRange& rang
     WriteWrap(grid, count + 1, RedWrap(recent.seen()), {});
     return GridReport{std::move(grid),
                       {},
-                      "机会线：随便围同样多的号码，平均围住 " + NumberText(Round(expected / count)) +
-                          " 个；本表平均 " +
+                      "机会线：随便围同样多的号码，平均围住 " +
+                          NumberText(Round(expected / count)) + " 个；本表平均 " +
                           NumberText(Round(static_cast<double>(wrapped) / count)) + " 个。"};
 }
 

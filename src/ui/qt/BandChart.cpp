@@ -2,6 +2,7 @@
 
 #include <QAreaSeries>
 #include <QChart>
+#include <QGraphicsLayout>
 #include <QHelpEvent>
 #include <QLegendMarker>
 #include <QLineSeries>

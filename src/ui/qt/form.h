@@ -46,6 +46,9 @@ IssueCombo* AddIssueCombo(QBoxLayout* row, const char* name, const QString& labe
                           const char* labelName = nullptr);
 QComboBox* AddCombo(QBoxLayout* row, const char* name, const QString& label,
                     std::initializer_list<const char*> entries = {});
+// A combo that takes a typed number, too.
+QComboBox* AddFreeCombo(QBoxLayout* row, const char* name, const QString& label,
+                        std::initializer_list<const char*> entries);
 QLineEdit* AddTextBox(QBoxLayout* row, const char* name, const QString& label);
 QRadioButton* AddOption(QBoxLayout* row, const char* name, const QString& caption);
 QCheckBox* AddCheckBox(QBoxLayout* row, const char* name, const QString& caption);
