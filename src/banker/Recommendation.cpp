@@ -205,7 +205,7 @@ std::string Remark(const Inputs& inputs) {
     if (inputs.range.empty()) return {};
     std::vector<std::string> groups;
     for (const PositionFormula& formula : inputs.formulas) {
-        groups.push_back(PercentText(MeanChance(inputs, formula)));
+        groups.push_back(InPercent(MeanChance(inputs, formula)));
     }
     return "机会线：随便选同样多的号码，三组平均命中 " + Join(groups, "、") +
            "。刚学完时，表里正是学习用的期数，命中率自然偏高。";

@@ -202,8 +202,8 @@ std::string Remark(const Inputs& inputs) {
         right += ChanceOfHits(kills.Count(), 0, inputs.settings.rc);
         kept += isShort ? 1 : ChanceOfHits(1, 0);
     }
-    return "机会线：随便杀同样多的号码，判定√ " + PercentText(right / inputs.drawCount()) +
-           "，单个位置杀对 " + PercentText(kept / inputs.drawCount()) + "。";
+    return "机会线：随便杀同样多的号码，判定√ " + InPercent(right / inputs.drawCount()) +
+           "，单个位置杀对 " + InPercent(kept / inputs.drawCount()) + "。";
 }
 
 }  // namespace

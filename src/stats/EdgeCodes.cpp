@@ -215,11 +215,11 @@ double ChanceOfBothSides(const EdgeDraws& draws, const EdgeRequest& request) {
 }
 
 std::string Remark(const EdgeDraws& draws, const EdgeRequest& request) {
-    std::string text = "机会线：每个位置 " + PercentText(ChanceOfAnyHit(1)) + "，左或右的全码 " +
-                       PercentText(ChanceOfAnyHit(kRedsInDraw));
+    std::string text = "机会线：每个位置 " + InPercent(ChanceOfAnyHit(1)) + "，左或右的全码 " +
+                       InPercent(ChanceOfAnyHit(kRedsInDraw));
     if (request.mode == ShiftMode::kBoth) {
         text +=
-            "；左右合并按每期不同的号码算，平均 " + PercentText(ChanceOfBothSides(draws, request));
+            "；左右合并按每期不同的号码算，平均 " + InPercent(ChanceOfBothSides(draws, request));
     }
     return text + "。";
 }

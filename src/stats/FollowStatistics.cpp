@@ -79,9 +79,9 @@ void WriteRates(const ColumnCounts& counts, int draws, ResultGrid& grid) {
 std::string Remark(const std::vector<int>& list) {
     RedSet different;
     for (const int number : list) different.Add(number);
-    std::string text = "机会线：全码 " + PercentText(ChanceOfAnyHit(different.Count()));
+    std::string text = "机会线：全码 " + InPercent(ChanceOfAnyHit(different.Count()));
     for (int part = 1; part <= kLargestPart; ++part) {
-        text += "，" + std::to_string(part) + "码 " + PercentText(ChanceOfAnyHit(part));
+        text += "，" + std::to_string(part) + "码 " + InPercent(ChanceOfAnyHit(part));
     }
     return text + "。";
 }

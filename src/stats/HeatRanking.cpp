@@ -178,9 +178,9 @@ std::string Remark(int rows) {
     if (rows == 0) return {};
     constexpr int kWideZone = 7;
     constexpr int kLastZone = 5;
-    return "机会线：1～4区 " + PercentText(ChanceOfAnyHit(kWideZone)) + "，5区 " +
-           PercentText(ChanceOfAnyHit(kLastZone)) + "，重号 " +
-           PercentText(ChanceOfAnyHit(kRedsInDraw) * (rows - 1) / rows) + "。";
+    return "机会线：1～4区 " + InPercent(ChanceOfAnyHit(kWideZone)) + "，5区 " +
+           InPercent(ChanceOfAnyHit(kLastZone)) + "，重号 " +
+           InPercent(ChanceOfAnyHit(kRedsInDraw) * (rows - 1) / rows) + "。";
 }
 
 }  // namespace

@@ -100,9 +100,9 @@ std::string Remark(const FormulaCondition& condition, int draws) {
         if (levels[static_cast<std::size_t>(level)]) chance += ChanceOfHits(kRedsInDraw, level);
     }
     return "机会线：任意 6 个号码，命中" + condition.comparison + std::to_string(condition.reds) +
-           " 的机会是 " + PercentText(chance) + "；" + std::to_string(kFormulaCount) +
+           " 的机会是 " + InPercent(chance) + "；" + std::to_string(kFormulaCount) +
            "条里最好的一条，靠运气也有 " +
-           PercentText(BestRateByLuck(kFormulaCount, draws, chance) / 100) + "。";
+           InPercent(BestRateByLuck(kFormulaCount, draws, chance) / 100) + "。";
 }
 
 bool BringEdgeTableLevel(Session& session, const Run& run) {

@@ -136,8 +136,8 @@ std::optional<GridReport> BuildBlueWrap(Session& session, const PeriodRange& ran
     grid.SetCell(row, kVerdictCol, "未开奖");
     return GridReport{std::move(grid),
                       {},
-                      "机会线：随便选同样多的蓝球，命中 " + PercentText(chances / count) +
-                          "；本表 " + PercentText(static_cast<double>(hits) / count) + "。"};
+                      "机会线：随便选同样多的蓝球，命中 " + InPercent(chances / count) + "；本表 " +
+                          InPercent(static_cast<double>(hits) / count) + "。"};
 }
 
 }  // namespace ssq
