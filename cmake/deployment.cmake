@@ -20,6 +20,12 @@ set(SSQ_MAKER_SITE_CAPTION " 官方网站首页" CACHE STRING
     "Caption of the last entry of the menu bar, which opens the product page")
 set(SSQ_CONTACT_LINK "http://www.example.invalid/contact" CACHE STRING
     "The maker's chat contact link")
+set(SSQ_PACKAGE_NAME "ssq" CACHE STRING "Name of the Debian package, ASCII")
+set(SSQ_MAINTAINER "The maintainers <maintainers@example.invalid>" CACHE STRING
+    "Whom the package names for questions")
+set(SSQ_APP_ID "invalid.example.ssq" CACHE STRING
+    "Name of the program among all programs: a reversed domain and its name there")
+set(SSQ_RELEASE_DATE "2026-11-23" CACHE STRING "Day of the release in the package's records")
 
 configure_file(${CMAKE_SOURCE_DIR}/cmake/Deployment.cpp.in
                ${CMAKE_BINARY_DIR}/generated/Deployment.cpp @ONLY)

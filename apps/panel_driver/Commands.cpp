@@ -160,6 +160,7 @@ const Command kCommands[] = {
     {"click", {"control"}, {}, [](Call& c) { ClickControl(c.usable()); }},
     {"key", {"control", "key"}, {}, [](Call& c) { PressKey(c.usable(), c["key"]); }},
     {"get", {"control"}, {}, Get},
+    {"controls", {}, {}, [](Call& c) { c.reply["controls"] = ListControls(c.panel()); }},
     {"grid", {"control"}, {}, [](Call& c) { c.reply = DescribeGrid(AsGrid(c.control()).grid()); }},
     {"select", {"control"}, {"row", "col", "rowSel", "colSel"}, Select},
     {"mouse", {"control", "button"}, {"row", "col"}, Mouse},
@@ -170,7 +171,7 @@ const Command kCommands[] = {
     {"close", {}, {}, Close},
     {"sql", {"text"}, {}, Sql},
     {"site", {"url"}, {}, Site},
-    {"folder", {}, {}, [](Call& c) { c.reply["path"] = c.session().programFolder.string(); }},
+    {"folder", {}, {}, [](Call& c) { c.reply["path"] = c.session().userFolder.string(); }},
     {"screenshot", {"file"}, {}, Screenshot},
 };
 // clang-format on

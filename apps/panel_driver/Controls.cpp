@@ -121,6 +121,17 @@ QWidget& FindUsableControl(QWidget& panel, const QString& name) {
     return control;
 }
 
+Json ListControls(const QWidget& panel) {
+    Json controls = Json::object();
+    for (const QWidget* control : panel.findChildren<QWidget*>()) {
+        const QString name = control->objectName();
+        if (name.isEmpty() || name.startsWith(u"qt_") || control->window() != &panel) continue;
+        if (!control->isVisible() || !control->isEnabled()) continue;
+        controls[name.toStdString()] = control->metaObject()->className();
+    }
+    return controls;
+}
+
 void SetControl(QWidget& control, const QString& value) {
     if (auto* combo = qobject_cast<QComboBox*>(&control)) return SetCombo(*combo, value);
     if (auto* box = qobject_cast<QLineEdit*>(&control)) return TypeOver(*box, value);

@@ -13,6 +13,9 @@ QWidget& FindControl(QWidget& panel, const QString& name);
 // The same, visible and enabled.
 QWidget& FindUsableControl(QWidget& panel, const QString& name);
 
+// The names of the panel's visible and enabled controls, each with its widget class.
+Json ListControls(const QWidget& panel);
+
 // Types or picks `value`; "1" and "0" for check boxes and options.
 void SetControl(QWidget& control, const QString& value);
 

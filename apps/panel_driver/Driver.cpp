@@ -2,7 +2,9 @@
 
 #include <unistd.h>
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <exception>
@@ -37,6 +39,8 @@ Driver::Driver(Program& program, ScriptDesktop& desktop)
     connect(&look_, &QTimer::timeout, this, [this] { ReplyIfDue(); });
     panels_.onModalShown = [this] { look_.start(); };
     connect(&input_, &QSocketNotifier::activated, this, [this] { ReadInput(); });
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, this,
+            [this] { NoteTurn(); });
 }
 
 void Driver::Start() {
@@ -81,8 +85,12 @@ void Driver::Run() {
     due_ = reply;
     ++running_;
     Settle();
+    stood_ = 0;
+    sinceTurn_.start();
     *reply = CarryLine(line);
+    NoteTurn();
     Settle();
+    NoteTurn();
     --running_;
     if (!quitAsked_) return look_.start();
     if (due_ == reply) Reply();  // not those that quitting unwinds
@@ -145,6 +153,7 @@ void Driver::Reply() {
     const QWidget* panel = panels_.Addressed();
     const QWidget* modal = Panels::Modal();
     reply["ok"] = !reply.contains("error");
+    reply["stood"] = stood_;
     reply["messages"] = desktop_.TakeMessages();
     reply["panel"] = panel ? Json(Panels::Name(*panel)) : Json();
     reply["modal"] = modal ? Json(Panels::Name(*modal)) : Json();
@@ -154,6 +163,10 @@ void Driver::Reply() {
     const std::string text = reply.dump(-1, ' ', false, Json::error_handler_t::replace) + '\n';
     std::fwrite(text.data(), 1, text.size(), stdout);
     std::fflush(stdout);
+}
+
+void Driver::NoteTurn() {
+    stood_ = std::max<std::int64_t>(stood_, sinceTurn_.restart());
 }
 
 // Not by closing the windows, which would ask the user.

@@ -2,9 +2,11 @@
 // out to standard output.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QSocketNotifier>
 #include <QTimer>
+#include <cstdint>
 #include <deque>
 #include <memory>
 
@@ -43,6 +45,7 @@ class Driver final : public QObject {
     void ReplyIfDue();
     void Reply();
     void Leave();
+    void NoteTurn();
 
     Program& program_;
     ScriptDesktop& desktop_;
@@ -56,7 +59,9 @@ class Driver final : public QObject {
     std::deque<QByteArray> lines_;  // read and not yet run
     bool inputEnded_ = false;
     bool quitAsked_ = false;
-    int running_ = 0;            // commands on the stack
+    int running_ = 0;          // commands on the stack
+    QElapsedTimer sinceTurn_;  // of the event loop
+    std::int64_t stood_ = 0;   // ms, the longest the loop waited for its turn since the last reply
     std::shared_ptr<Json> due_;  // reply to the command under way
 };
 

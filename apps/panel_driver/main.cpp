@@ -28,12 +28,13 @@ int main(int argc, char** argv) try {
         std::fputs("usage: panel_driver FOLDER\n", stderr);
         return 2;
     }
-    const ssq::OneProgram one(arguments[1].toStdString());
+    const std::string folder = arguments[1].toStdString();
+    const ssq::OneProgram one(folder);
     if (!one.isFirst()) {
         std::fputs("panel_driver: a program is running on this folder already\n", stderr);
         return 1;
     }
-    ssq::Program program(desktop, arguments[1].toStdString());
+    ssq::Program program(desktop, {folder, folder});
     application.onTerminate = [&program] { program.End(); };
     ssq::Driver driver(program, desktop);
     program.Start();

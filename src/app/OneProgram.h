@@ -10,7 +10,7 @@ namespace ssq {
 
 class OneProgram {
   public:
-    // `folder` is the program's own. It is held until the end of the object, or of the process:
+    // `folder` holds data/ssq.mdb. It is held until the end of the object, or of the process:
     // what a killed program leaves behind hinders nobody.
     explicit OneProgram(const std::filesystem::path& folder);
 

@@ -9,14 +9,18 @@
 
 namespace ssq {
 
-Program::Program(Desktop& desktop, std::filesystem::path folder)
-    : desktop_(desktop), host_(desktop), session_(host_, std::move(folder)) {}
+Program::Program(Desktop& desktop, const Folders& folders)
+    : desktop_(desktop), folders_(folders), host_(desktop), session_(host_, folders.program) {
+    session_.userFolder = folders.user;
+}
 
 Program::~Program() = default;
 
 void Program::Start() {
     LaunchUpdater(session_, desktop_, false);
     session_.isStarting = true;
+    std::string errorText;
+    if (!LayDelivered(folders_, errorText)) session_.host.ShowMessage(errorText);
     OpenDatabase(session_);
     RefreshLatestIssue(session_);
     window_ = std::make_unique<frmMain>(PanelContext{session_, desktop_});

@@ -1,9 +1,9 @@
 // The program: the host, the session and the main window, in the order they come up.
 #pragma once
 
-#include <filesystem>
 #include <memory>
 
+#include "app/Folders.h"
 #include "draws/Public_var.h"
 #include "ui/qt/QtHost.h"
 
@@ -16,11 +16,11 @@ class frmMain;
 
 class Program {
   public:
-    // `folder` is the program's own: it holds data/ssq.mdb and what stands beside the program.
-    Program(Desktop& desktop, std::filesystem::path folder);
+    Program(Desktop& desktop, const Folders& folders);
     ~Program();
 
-    // The updater, the database, the newest issue, then the main window, which does not block.
+    // The updater, the database, which the first start lays down, the newest issue, then the main
+    // window, which does not block.
     void Start();
 
     // Ends the program as closing the main window does, but asks nothing.
@@ -31,6 +31,7 @@ class Program {
 
   private:
     Desktop& desktop_;
+    Folders folders_;
     QtHost host_;
     Session session_;
     std::unique_ptr<frmMain> window_;

@@ -87,6 +87,7 @@ PanelRegistry::PanelRegistry(const PanelContext& context, QWidget& owner)
     context_.addToPlan = [this](const std::string& conditions) { AddToPlan(conditions); };
     context_.standingPlan = [this] { return StandingPlan(); };
     context_.openBlindTest = [this](const ControlTexts& settings) { OpenBlindTest(settings); };
+    context_.atHand = &atHand_;
 }
 
 bool PanelRegistry::Knows(const QString& name) {

@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 
+#include "draws/NumberSource.h"
 #include "ui/qt/PanelContext.h"
 
 class QDialog;
@@ -46,6 +47,7 @@ class PanelRegistry {
     void TakeNewDraws();
 
   private:
+    NumbersAtHand atHand_;
     PanelContext context_;
     QWidget& owner_;
     std::map<QString, QPointer<Panel>> open_;

@@ -49,9 +49,14 @@ BetVerdict CheckBet(const BetPlan& plan, RedSet reds, RedSet previous) {
     return verdict;
 }
 
-BetHistory CheckHistory(const BetPlan& plan, std::span<const RedSet> draws, std::size_t count) {
+std::optional<BetHistory> CheckHistory(const BetPlan& plan, std::span<const RedSet> draws,
+                                       std::size_t count, const CheckStep& step) {
     BetHistory history;
-    for (std::size_t i = draws.size() - std::min(count, draws.size()); i < draws.size(); ++i) {
+    const std::size_t first = draws.size() - std::min(count, draws.size());
+    for (std::size_t i = first; i < draws.size(); ++i) {
+        if (!step(static_cast<double>(i - first), static_cast<double>(draws.size() - first))) {
+            return std::nullopt;
+        }
         history.verdicts.push_back(CheckBet(plan, draws[i], i > 0 ? draws[i - 1] : RedSet()));
         if (history.verdicts.back().remains) ++history.passed;
     }

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -26,7 +28,12 @@ struct BetHistory {
     int passed = 0;
 };
 
-// Checks the last `count` of the draws (oldest first), each with the draw before it.
-BetHistory CheckHistory(const BetPlan& plan, std::span<const RedSet> draws, std::size_t count);
+// Told before each draw how many have been checked; false ends the check.
+using CheckStep = std::function<bool(double done, double total)>;
+
+// Checks the last `count` of the draws (oldest first), each with the draw before it. Nothing when a
+// step ended it.
+std::optional<BetHistory> CheckHistory(const BetPlan& plan, std::span<const RedSet> draws,
+                                       std::size_t count, const CheckStep& step);
 
 }  // namespace ssq

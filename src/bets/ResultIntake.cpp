@@ -12,6 +12,8 @@
 #include "draws/Public_var.h"
 #include "formulas/BMHZ.h"
 #include "stats/HeatRanking.h"
+#include "tools/FormulaFiles.h"
+#include "tools/MDL_zdy_dm.h"
 #include "wrap/BlueWrap.h"
 #include "wrap/RedWrap.h"
 
@@ -23,8 +25,7 @@ constexpr std::size_t kRatedDraws = 100;
 constexpr double kLikely = 80;           // percent of all bets
 constexpr std::size_t kBankerDraws = 4;  // that the positions of a banker formula count through
 constexpr std::size_t kBlueDraws = 4;
-constexpr std::size_t kHeatDraws = 30;
-constexpr int kHeatNumbers = 11;  // a third of the reds
+constexpr const char* kHeatWindow = "30";  // draws, of a heat panel not open
 constexpr const char* kTaken = "# 取入 ";
 
 using Earlier = std::span<const Draw>;
@@ -35,8 +36,8 @@ const Draw& Back(Earlier earlier, std::size_t back) {
 
 NumberSource KillSource(int place, int index) {
     const ShiftFormula formula = FormulaAt(index);
-    return {"杀码公式" + std::to_string(place) + "(" + FormulaKey(formula) + ")",
-            NumberSource::Range::kAtMostOne, false, true, [formula](Earlier earlier) {
+    return {"杀码公式" + std::to_string(place) + "(" + FormulaKey(formula) + ")", kAtMostOne, false,
+            true, [formula](Earlier earlier) {
                 const auto q = static_cast<std::size_t>(formula.q);
                 return earlier.size() < q ? RedSet() : Back(earlier, q).set.Lowered(formula.b);
             }};
@@ -44,7 +45,7 @@ NumberSource KillSource(int place, int index) {
 
 // Positions count from 0 through the reds of the last four draws, newest draw first.
 NumberSource BankerSource(int place, std::vector<int> positions) {
-    return {"第" + std::to_string(place) + "组胆码", NumberSource::Range::kAtLeastOne, false, false,
+    return {"第" + std::to_string(place) + "组胆码", kAtLeastOne, false, false,
             [positions = std::move(positions)](Earlier earlier) {
                 RedSet numbers;
                 if (earlier.size() < kBankerDraws) return numbers;
@@ -80,17 +81,6 @@ RedSet BlueWrapNumbers(Earlier earlier) {
                                 .text);
 }
 
-// The first or the last numbers of the heat order.
-RedSet HeatNumbers(Earlier earlier, bool hot) {
-    RedSet numbers;
-    if (earlier.size() < kHeatDraws) return numbers;
-    const HeatOrder order = HeatOrderOf(earlier.last(kHeatDraws));
-    for (std::size_t i = 0; i < kHeatNumbers; ++i) {
-        numbers.Add(order.numbers[hot ? i : order.numbers.size() - 1 - i]);
-    }
-    return numbers;
-}
-
 // The texts of a column; none where the table cannot be read.
 std::vector<std::string> StoredTexts(Session& session, const std::string& sql) {
     Recordset rows;
@@ -99,17 +89,6 @@ std::vector<std::string> StoredTexts(Session& session, const std::string& sql) {
     if (!session.connection.OpenQuery(sql, errorText, rows)) return texts;
     for (; !rows.eof(); rows.MoveNext()) texts.push_back(rows.Text(0));
     return texts;
-}
-
-CountRange RangeOf(NumberSource::Range range, int named) {
-    switch (range) {
-        case NumberSource::Range::kAtMostOne:
-            return {0, 1};
-        case NumberSource::Range::kAtLeastOne:
-            return {1, kRedsInDraw};
-        default:
-            return LikelyRange(named);
-    }
 }
 
 std::string RangeText(CountRange range) {
@@ -130,7 +109,8 @@ struct Record {
 };
 
 double PureChance(const NumberSource& source, int named) {
-    return source.isBlue ? Percent(named, kBlues) : ChanceOf(named, RangeOf(source.range, named));
+    return source.isBlue ? Percent(named, kBlues)
+                         : ChanceOf(named, source.range.value_or(LikelyRange(named)));
 }
 
 Record RecordOf(const NumberSource& source, Earlier draws) {
@@ -141,7 +121,7 @@ Record RecordOf(const NumberSource& source, Earlier draws) {
         if (numbers.empty()) continue;
         ++record.draws;
         record.chance += PureChance(source, numbers.Count());
-        const CountRange range = RangeOf(source.range, numbers.Count());
+        const CountRange range = source.range.value_or(LikelyRange(numbers.Count()));
         const int hits = numbers.CountIn(draws[i].set);
         const bool met =
             source.isBlue ? numbers.Has(draws[i].blue) : hits >= range.low && hits <= range.high;
@@ -160,7 +140,7 @@ bool HasBlues(std::string_view text) {
 
 }  // namespace
 
-std::vector<NumberSource> NumberSources(Session& session) {
+std::vector<NumberSource> NumberSources(Session& session, const NumbersAtHand& atHand) {
     std::vector<NumberSource> sources;
     int place = 0;
     for (const std::string& text :
@@ -177,13 +157,23 @@ std::vector<NumberSource> NumberSources(Session& session) {
         }
         break;
     }
-    using enum NumberSource::Range;
-    sources.push_back({"18码围红", kLikely, false, false, RedWrapNumbers});
-    sources.push_back({"近30期热号", kLikely, false, false,
-                       [](Earlier earlier) { return HeatNumbers(earlier, true); }});
-    sources.push_back({"近30期冷号", kLikely, false, true,
-                       [](Earlier earlier) { return HeatNumbers(earlier, false); }});
-    sources.push_back({"围蓝", kAtLeastOne, true, false, BlueWrapNumbers});
+    sources.push_back({.name = "18码围红", .numbers = RedWrapNumbers});
+    const auto add = [&sources](const std::vector<NumberSource>& more) {
+        sources.insert(sources.end(), more.begin(), more.end());
+    };
+    const auto* heat = atHand.Of("frmLengRe");
+    add(heat ? *heat : HeatSources(kHeatWindow));
+    sources.push_back(
+        {.name = "围蓝", .range = kAtLeastOne, .isBlue = true, .numbers = BlueWrapNumbers});
+    const auto* own = atHand.Of("ZDY_XDM");
+    if (own) {
+        add(*own);
+    } else {
+        for (const std::string& text : StoredTexts(session, kStoredFormulas)) {
+            add(FormulaSources(FormulasOf(text), FormulaTarget::kRed, 1, kRedsInDraw));
+        }
+    }
+    if (const auto* picks = atHand.Of("frmZST")) add(*picks);
     return sources;
 }
 
@@ -193,7 +183,7 @@ std::vector<TakenResult> TakeResults(std::span<const NumberSource> sources, Earl
         const RedSet numbers = source.numbers(draws);
         if (numbers.empty()) continue;
         const Record record = RecordOf(source, draws);
-        const CountRange range = RangeOf(source.range, numbers.Count());
+        const CountRange range = source.range.value_or(LikelyRange(numbers.Count()));
         const std::string remark = Remark(source.name, record.met, record.draws,
                                           RateText(record.chance / 100, record.draws));
         std::string line = source.isBlue ? "蓝球 " : "";
@@ -240,14 +230,14 @@ std::vector<std::string> TakeConditions(std::string_view text, Earlier draws, Be
     if (!reading.errors.empty() || isPlan) return {};
     std::vector<RedSet> sets;
     for (const Draw& draw : draws) sets.push_back(draw.set);
-    const BetHistory history = CheckHistory(plan, sets, kRatedDraws);
+    const auto history = CheckHistory(plan, sets, kRatedDraws, [](double, double) { return true; });
     std::vector<std::size_t> failures(plan.conditions.size());
-    for (const BetVerdict& verdict : history.verdicts) {
+    for (const BetVerdict& verdict : history->verdicts) {
         for (const std::size_t condition : verdict.failed) ++failures[condition];
     }
     const RedSet previous = sets.empty() ? RedSet() : sets.back();
     const auto meeting = BetFilter(plan, previous, columns).CountByCondition();
-    const auto rated = static_cast<double>(history.verdicts.size());
+    const auto rated = static_cast<double>(history->verdicts.size());
     std::vector<std::string> lines;
     for (std::size_t i = 0; i < plan.conditions.size(); ++i) {
         const std::string chance = RateText(meeting[i], kCombinationCount);

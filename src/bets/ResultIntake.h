@@ -3,30 +3,18 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/RedSet.h"
-#include "draws/Draw.h"
+#include "draws/NumberSource.h"
 
 namespace ssq {
 
 class BetColumns;
 struct Session;
-
-// What one result names for the draw behind some others (oldest first); empty with too few of them.
-struct NumberSource {
-    enum class Range { kAtMostOne, kAtLeastOne, kLikely };
-
-    std::string name;
-    Range range = Range::kLikely;  // of how many of the numbers come
-    bool isBlue = false;
-    bool isAgainst = false;  // the numbers are thought not to come
-    std::function<RedSet(std::span<const Draw> earlier)> numbers;
-};
 
 // A source held against the draws.
 struct TakenResult {
@@ -38,9 +26,10 @@ struct TakenResult {
 };
 
 // The sources there are: the kill formulas and the banker formulas in force, the red and the blue
-// wrap, the hot and the cold reds. Formulas that were not learned, or cannot be read, are left
-// out; nothing is shown.
-std::vector<NumberSource> NumberSources(Session& session);
+// wrap; the hot and the cold reds and the user's own formulas as their panels show them, or with
+// the panels' first settings; and the picks in the main chart. Formulas that were not learned, or
+// cannot be read, are left out; nothing is shown.
+std::vector<NumberSource> NumberSources(Session& session, const NumbersAtHand& atHand);
 
 // Holds each source against the last 100 of the draws (oldest first) and takes what it names for
 // the one behind them. Sources that name nothing are left out.
@@ -49,10 +38,6 @@ std::vector<TakenResult> TakeResults(std::span<const NumberSource> sources,
 
 // The shortest range of counts around the likeliest that holds for at least four in five of all
 // bets, when so many reds are named.
-struct CountRange {
-    int low = 0;
-    int high = 0;
-};
 CountRange LikelyRange(int named);
 
 // Share in percent of all bets that hold between low and high of so many named reds.

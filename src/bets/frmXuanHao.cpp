@@ -5,7 +5,6 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QGroupBox>
 #include <QGuiApplication>
@@ -15,11 +14,12 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalBlocker>
-#include <QStringDecoder>
 #include <QTimer>
 #include <algorithm>
 #include <utility>
 
+#include "base/charset.h"
+#include "base/files.h"
 #include "base/numbers.h"
 #include "base/text.h"
 #include "bets/BetCheck.h"
@@ -42,11 +42,11 @@ namespace ssq {
 
 namespace {
 
-constexpr int kPauseMs = 120;             // from the last key to the computation
-constexpr int kPlanWidth = 510;           // pixels
-constexpr int kErrorsHeight = 42;         // pixels, two lines
-constexpr int kHistoryHeight = 190;       // pixels
-constexpr qint64 kLargestPlan = 1 << 20;  // bytes; a longer file is no plan
+constexpr int kPauseMs = 120;                  // from the last key to the computation
+constexpr int kPlanWidth = 510;                // pixels
+constexpr int kErrorsHeight = 42;              // pixels, two lines
+constexpr int kHistoryHeight = 190;            // pixels
+constexpr std::size_t kLargestPlan = 1 << 20;  // bytes; a longer file is no plan
 constexpr const char* kAllDraws = "全部";
 constexpr const char* kAscending = "升序";
 
@@ -118,9 +118,9 @@ void frmXuanHao::BuildTop(QVBoxLayout* column) {
     auto* row = AddRow(column);
     cboShangQi_ = AddIssueCombo(row, "cboShangQi", QStringLiteral("上期:"));
     SetMainButton(AddButton(row, "Command1", QStringLiteral("计算"), [this] { Compute(); }));
-    AddButton(row, "Command7", QStringLiteral("取入结果"), [this] {
-        TakeIn();
-    })->setToolTip(QStringLiteral("取入胆码公式、杀码公式、围红、围蓝、冷热号和剪贴板里的条件"));
+    AddButton(row, "Command7", QStringLiteral("取入结果"), [this] { TakeIn(); })
+        ->setToolTip(QStringLiteral(
+            "取入胆码公式、杀码公式、围红、围蓝、冷热号、自助公式、走势图自选号和剪贴板里的条件"));
     AddButton(row, "Command3", QStringLiteral("打开方案"), [this] { OpenPlan(); });
     AddButton(row, "Command2", QStringLiteral("保存方案"), [this] { SavePlan(); });
     row->addWidget(new QLabel(QStringLiteral("剩余组合:")));
@@ -273,7 +273,17 @@ void frmXuanHao::ReadResults() {
     resultsAfter_ = cboShangQi_->issue();
     results_.clear();
     if (!Previous() || resultsAfter_->empty()) return;
-    results_ = TakeResults(NumberSources(session()), DrawsToPrevious());
+    const NumbersAtHand none;
+    const NumbersAtHand& atHand = context().atHand ? *context().atHand : none;
+    results_ = TakeResults(NumberSources(session(), atHand), DrawsToPrevious());
+}
+
+// Other panels may have found something meanwhile.
+void frmXuanHao::changeEvent(QEvent* event) {
+    Panel::changeEvent(event);
+    if (event->type() != QEvent::ActivationChange || !isActiveWindow() || isClosed()) return;
+    ReadResults();
+    ShowBoard(ReadBetPlan(txtFangAn_->Text()).plan);
 }
 
 void frmXuanHao::TakeIn() {
@@ -281,7 +291,7 @@ void frmXuanHao::TakeIn() {
     std::vector<std::string> lines;
     for (const TakenResult& result : results_) lines.push_back(result.line);
     const QString clipboard = QGuiApplication::clipboard()->text();
-    if (clipboard.size() <= kLargestPlan) {
+    if (static_cast<std::size_t>(clipboard.size()) <= kLargestPlan) {
         const auto conditions =
             TakeConditions(clipboard.toStdString(), DrawsToPrevious(), columns_);
         lines.insert(lines.end(), conditions.begin(), conditions.end());
@@ -373,9 +383,10 @@ bool frmXuanHao::CheckPast(Run& run) {
     std::vector<RedSet> sets;
     sets.reserve(draws_.size());
     for (const Draw& draw : draws_) sets.push_back(draw.set);
-    const BetHistory history = CheckHistory(*plan_, sets, count);
-    if (!run.SlowStep(1, 1)) return false;
-    vs3_->SetGrid(HistoryTable(*plan_, std::span(draws_).last(count), history,
+    const auto history = CheckHistory(
+        *plan_, sets, count, [&run](double done, double total) { return run.Step(done, total); });
+    if (!history || !run.SlowStep(1, 1)) return false;
+    vs3_->SetGrid(HistoryTable(*plan_, std::span(draws_).last(count), *history,
                                static_cast<std::int32_t>(remaining_.size())));
     ShowLastRows(*vs3_);
     return true;
@@ -459,19 +470,18 @@ void frmXuanHao::OpenPlan() {
     const QString name =
         context().desktop.AskOpenFile(QStringLiteral("打开文件"), {}, QStringLiteral("*.txt"));
     if (name.trimmed().isEmpty() || session().host.stopping()) return;
-    QFile file(name);
-    if (!file.open(QIODevice::ReadOnly)) {
-        session().host.ShowMessage("打不开文件！" + file.errorString().toStdString());
+    std::string errorText;
+    const auto bytes = ReadFile(name.toStdString(), kLargestPlan, errorText);
+    if (!bytes) {
+        session().host.ShowMessage("打不开文件！" + errorText);
         return;
     }
-    const QByteArray bytes = file.read(kLargestPlan + 1);
-    QStringDecoder utf8(QStringDecoder::Utf8);  // drops the mark at the begin
-    const QString text = utf8(bytes);
-    if (bytes.size() > kLargestPlan || utf8.hasError()) {
+    const auto text = DecodeTextFile(*bytes);
+    if (!text) {
         session().host.ShowMessage("这不是方案文件，方案是UTF-8编码的文本！");
         return;
     }
-    TakePlan(text.toStdString());
+    TakePlan(*text);
     txtFangAn_->document()->setModified(false);
 }
 

@@ -45,6 +45,7 @@ class frmXuanHao final : public Panel {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     void BuildTop(QVBoxLayout* column);

@@ -7,9 +7,11 @@
 
 #include "base/ConvertYlDate.h"
 #include "base/dates.h"
+#include "base/numbers.h"
 #include "base/text.h"
 #include "charts/ChartGround.h"
 #include "charts/TrendCounters.h"
+#include "draws/NumberSource.h"
 #include "draws/Public_var.h"
 #include "draws/queries.h"
 #include "ui/Host.h"
@@ -199,6 +201,20 @@ void TogglePick(ResultGrid& grid, const std::string& pickRowList, int row, int c
     grid.SetCell(row, col, TwoDigits(number));
     grid.SetBold(row, col);
     SetLightFore(grid, row, col, kPicked);
+}
+
+std::vector<NumberSource> PickSources(const ResultGrid& grid, const std::string& pickRowList) {
+    std::vector<NumberSource> sources;
+    for (const int row : IntList(pickRowList)) {
+        RedSet picked;
+        for (int number = 1; number <= kReds; ++number) {
+            if (!grid.cell(row, NumberCol(number)).empty()) picked.Add(number);
+        }
+        if (picked.empty()) continue;
+        sources.push_back({.name = "走势图第" + std::to_string(sources.size() + 1) + "行自选号",
+                           .numbers = [picked](std::span<const Draw>) { return picked; }});
+    }
+    return sources;
 }
 
 void HideNumbers(ResultGrid& grid, bool hidden) {

@@ -5,12 +5,14 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "draws/public_fun.h"
 #include "ui/ColumnTable.h"
 
 namespace ssq {
 
+struct NumberSource;
 struct Session;
 
 // Which draws form the series, by chart type.
@@ -33,6 +35,9 @@ std::optional<MainTrendChart> BuildMainTrendChart(Session& session, const Period
 // press counts when the row's text occurs in `pickRowList` and the column is not behind the
 // numbers; the search is in the text, so that with rows 101,102,103 row 10 counts too.
 void TogglePick(ResultGrid& grid, const std::string& pickRowList, int row, int col);
+
+// The picks as they stand, a source to a row that has some.
+std::vector<NumberSource> PickSources(const ResultGrid& grid, const std::string& pickRowList);
 
 // Hides or shows the columns of the numbers; the counters stay.
 void HideNumbers(ResultGrid& grid, bool hidden);

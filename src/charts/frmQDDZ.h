@@ -5,7 +5,10 @@
 
 namespace ssq {
 
+// Its class names it to the toolkit, since it is found again by it.
 class frmQDDZ final : public Panel {
+    Q_OBJECT
+
   public:
     explicit frmQDDZ(const PanelContext& context, QWidget* parent = nullptr);
 

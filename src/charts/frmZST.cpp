@@ -4,6 +4,7 @@
 #include <QComboBox>
 
 #include "charts/MainTrendChart.h"
+#include "draws/NumberSource.h"
 #include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/Qs.h"
@@ -23,6 +24,7 @@ frmZST::frmZST(const PanelContext& context, QWidget* parent)
     vs1->onPress = [this, vs1](int row, int col, Qt::MouseButton button) {
         if (button != Qt::LeftButton) return;
         vs1->Edit([&](ResultGrid& grid) { TogglePick(grid, pickRowList_, row, col); });
+        NameNumbers(PickSources(vs1->grid(), pickRowList_));
     };
     const auto hide = [vs1](bool hidden) {
         vs1->Edit([hidden](ResultGrid& grid) { HideNumbers(grid, hidden); });
@@ -36,7 +38,9 @@ bool frmZST::Analyse() {
     auto chart = BuildMainTrendChart(session(), range(), cboZtype_->currentIndex());
     if (!chart) return false;
     pickRowList_ = std::move(chart->pickRowList);
-    return Show(std::move(chart->report));
+    if (!Show(std::move(chart->report))) return false;
+    NameNumbers({});
+    return true;
 }
 
 }  // namespace ssq

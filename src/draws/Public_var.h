@@ -16,10 +16,17 @@ class Host;
 // Main owns the one Session; everything else takes it by reference.
 struct Session {
     Session(Host& presentation, std::filesystem::path folder)
-        : host(presentation), programFolder(std::move(folder)), deployment(DefaultDeployment()) {}
+        : host(presentation),
+          programFolder(std::move(folder)),
+          userFolder(programFolder),
+          deployment(DefaultDeployment()) {}
 
     Host& host;
+    // What stands beside the program: the manual, the updater.
     std::filesystem::path programFolder;
+    // What belongs to the user: data/ssq.mdb and the files saved without asking where. The
+    // program's folder, unless that can't be written.
+    std::filesystem::path userFolder;
     Deployment deployment;
     Connection connection;
     // While the program comes up, a database that did not open has been told of already.

@@ -11,7 +11,7 @@ namespace ssq {
 
 void OpenDatabase(Session& session) {
     std::string errorText;
-    if (!session.connection.Open(session.programFolder / "data" / "ssq.mdb", errorText)) {
+    if (!session.connection.Open(session.userFolder / "data" / "ssq.mdb", errorText)) {
         session.host.ShowMessage(errorText);
     }
 }

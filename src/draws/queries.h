@@ -11,7 +11,7 @@ class Transaction;
 class WriteBatch;
 struct Session;
 
-// Opens data/ssq.mdb in the program's folder; shows the connection's text when that fails, and the
+// Opens data/ssq.mdb in the user's folder; shows the connection's text when that fails, and the
 // program goes on.
 void OpenDatabase(Session& session);
 

@@ -205,6 +205,29 @@ HeatOrder HeatOrderOf(std::span<const Draw> window) {
     return order;
 }
 
+std::vector<NumberSource> HeatSources(const std::string& window) {
+    const bool whole = window == kWholeHistory;
+    const auto length = static_cast<std::size_t>(std::max<std::int64_t>(WholePart(window), 0));
+    const auto named = [whole, length](std::span<const Draw> earlier, bool hot) {
+        constexpr std::size_t kThird = kReds / 3;
+        RedSet numbers;
+        // The whole history is taken as before the next draw: all but the oldest.
+        const std::size_t draws = whole && !earlier.empty() ? earlier.size() - 1 : length;
+        if (draws == 0 || earlier.size() < draws) return numbers;
+        const HeatOrder order = HeatOrderOf(earlier.last(draws));
+        for (std::size_t i = 0; i < kThird; ++i) {
+            numbers.Add(order.numbers[hot ? i : order.numbers.size() - 1 - i]);
+        }
+        return numbers;
+    };
+    const std::string period = whole ? window : "近" + std::to_string(length) + "期";
+    return {{.name = period + "热号",
+             .numbers = [named](std::span<const Draw> earlier) { return named(earlier, true); }},
+            {.name = period + "冷号",
+             .isAgainst = true,
+             .numbers = [named](std::span<const Draw> earlier) { return named(earlier, false); }}};
+}
+
 HeatOutcome BuildHeatRanking(Session& session, const HeatRequest& request, Run& run) {
     if (!CheckPeriod(session, request.range)) return {.report = {}, .failed = true};
     auto history = ReadAllDraws(session);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "draws/Draw.h"
+#include "draws/NumberSource.h"
 #include "ui/ColumnTable.h"
 
 namespace ssq {
@@ -25,6 +26,10 @@ HeatOrder HeatOrderOf(std::span<const Draw> window);
 
 // The window that takes as many draws as there are before the last issue.
 inline constexpr const char* kWholeHistory = "全部";
+
+// The hottest and the coldest third of the reds, by the window before a draw; as many draws, or
+// kWholeHistory.
+std::vector<NumberSource> HeatSources(const std::string& window);
 
 struct HeatRequest {
     PeriodRange range;

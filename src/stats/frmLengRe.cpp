@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 #include <QComboBox>
 
+#include "draws/NumberSource.h"
 #include "draws/Public_var.h"
 #include "stats/HeatRanking.h"
 #include "ui/Host.h"
@@ -34,9 +35,9 @@ frmLengRe::frmLengRe(const PanelContext& context, QWidget* parent)
 }
 
 bool frmLengRe::Rank(Run& run) {
-    HeatOutcome outcome =
-        BuildHeatRanking(session(), {range(), cboFxqs_->currentText().toStdString()}, run);
-    Show(std::move(outcome.report));
+    const std::string window = cboFxqs_->currentText().toStdString();
+    HeatOutcome outcome = BuildHeatRanking(session(), {range(), window}, run);
+    if (Show(std::move(outcome.report)) && !outcome.failed) NameNumbers(HeatSources(window));
     return !outcome.failed;
 }
 

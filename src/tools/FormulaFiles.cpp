@@ -39,14 +39,16 @@ std::string FileName(std::string_view target, std::string_view resultText) {
 
 }  // namespace
 
-std::optional<std::vector<std::string>> LoadFormulaList(Session& session) {
-    Recordset rows;
-    if (!QueryOrTell(session, "Select gstext from gsjs where gsname='dm'", rows)) {
-        return std::nullopt;
-    }
-    std::vector<std::string> formulas = Split(rows.Text(0), kFormulaEnd);
+std::vector<std::string> FormulasOf(const std::string& stored) {
+    std::vector<std::string> formulas = Split(stored, kFormulaEnd);
     std::erase_if(formulas, [](const std::string& formula) { return Trim(formula).empty(); });
     return formulas;
+}
+
+std::optional<std::vector<std::string>> LoadFormulaList(Session& session) {
+    Recordset rows;
+    if (!QueryOrTell(session, kStoredFormulas, rows)) return std::nullopt;
+    return FormulasOf(rows.Text(0));
 }
 
 bool SaveFormulaList(Session& session, const std::vector<std::string>& formulas) {
@@ -69,7 +71,7 @@ bool SaveZDYgs(Session& session, const std::vector<std::string>& formulas, std::
         bytes.append(*line).append(kLineEnd);
     }
     bytes += kLineEnd;
-    const std::filesystem::path file = session.programFolder / FileName(target, resultText);
+    const std::filesystem::path file = session.userFolder / FileName(target, resultText);
     if (!WriteTextFile(session.host, file, bytes)) return false;
     session.host.ShowMessage("文件已经保存到" + file.string());
     return true;

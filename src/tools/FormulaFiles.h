@@ -12,13 +12,17 @@ namespace ssq {
 class Host;
 struct Session;
 
+// The formulas in the text of the store's row, whose query is kStoredFormulas.
+std::vector<std::string> FormulasOf(const std::string& stored);
+inline constexpr const char* kStoredFormulas = "Select gstext from gsjs where gsname='dm'";
+
 // The formulas in force. Nothing after showing the store's text.
 std::optional<std::vector<std::string>> LoadFormulaList(Session& session);
 
 // Replaces them. False after showing the store's text, which an apostrophe in a formula causes.
 bool SaveFormulaList(Session& session, const std::vector<std::string>& formulas);
 
-// Saves the formulas in the program's folder and tells the path. The file's name holds the time,
+// Saves the formulas in the user's folder and tells the path. The file's name holds the time,
 // the word of the target ("红球"), and the start of the rate where `resultText` shows one. GBK,
 // lines ended by CR LF, an empty one last. False after a message; nothing is written when a formula
 // has a character that GBK has not.

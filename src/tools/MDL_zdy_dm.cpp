@@ -1,12 +1,15 @@
 #include "tools/MDL_zdy_dm.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "chance/Chance.h"
 #include "draws/Draw.h"
+#include "draws/NumberSource.h"
 #include "draws/Public_var.h"
 #include "draws/queries.h"
 #include "tools/Expression.h"
@@ -96,9 +99,18 @@ std::string TargetText(const Draw& draw, FormulaTarget target) {
     return Join(items, ",");
 }
 
+double LowOf(const FormulaTest& test) {
+    return ParseNumber(test.low).value_or(0);
+}
+
+double HighOf(const FormulaTest& test) {
+    return ParseNumber(test.high).value_or(0);
+}
+
 struct TestLog {
     int draws = 0;
     int right = 0;
+    double chances = 0;  // of the draws judged
     std::string rightLog;
     std::string wrongLog;
     std::string lastIssue;
@@ -107,10 +119,8 @@ struct TestLog {
 
 void Judge(const Draw& draw, const FormulaTest& test, TestLog& log) {
     const std::string shown = TargetText(draw, test.target);
-    int hits = 0;
-    CountCommonBalls(shown, log.prediction, 0, 0, hits);
-    const bool isRight =
-        hits >= ParseNumber(test.low).value_or(0) && hits <= ParseNumber(test.high).value_or(0);
+    const int hits = FormulaHits(draw, log.prediction, test.target);
+    const bool isRight = hits >= LowOf(test) && hits <= HighOf(test);
     if (isRight) ++log.right;
     (isRight ? log.rightLog : log.wrongLog) += draw.issue + ": " + shown + "      中" +
                                                std::to_string(hits) + "      " + log.prediction +
@@ -130,7 +140,46 @@ std::string Report(const FormulaTest& test, const TestLog& log) {
            "以下是错误的期号和号码：" + lineEnds + log.wrongLog;
 }
 
+std::string Remark(const TestLog& log) {
+    return "机会线：同样多的号码随便选，正确率 " + InPercent(log.chances / log.draws) +
+           "（第一期没有上期，不算对）。";
+}
+
+// The balls that the formulas name for the draw behind the last of these.
+RedSet NamedBalls(std::span<const Draw> earlier, const std::vector<std::string>& formulas,
+                  FormulaTarget target) {
+    RedSet balls;
+    if (earlier.empty()) return balls;
+    std::string errorText;
+    const auto list = EvaluateFormulas(earlier.back(), formulas, target, errorText);
+    if (!list) return balls;
+    const int last = target == FormulaTarget::kBlue ? kBlues : kReds;
+    const std::vector<std::string> items = Split(*list, ",");
+    for (int ball = 1; ball <= last; ++ball) {
+        const std::string text = TwoDigits(ball);
+        const std::string name = target == FormulaTarget::kTail ? TailOf(text) : text;
+        if (std::ranges::find(items, name) != items.end()) balls.Add(ball);
+    }
+    return balls;
+}
+
 }  // namespace
+
+std::vector<NumberSource> FormulaSources(std::vector<std::string> formulas, FormulaTarget target,
+                                         double low, double high) {
+    const int most = target == FormulaTarget::kBlue ? 1 : kRedsInDraw;
+    const CountRange range{static_cast<int>(std::ceil(std::clamp(low, 0.0, most + 1.0))),
+                           static_cast<int>(std::floor(std::clamp(high, -1.0, 1.0 * most)))};
+    const bool oneIsEnough = range.low == 1 && range.high == most;
+    if (formulas.empty() || range.low > range.high) return {};
+    if (target != FormulaTarget::kRed && !oneIsEnough) return {};
+    return {{.name = "自助" + TargetWord(target) + "公式",
+             .range = range,
+             .isBlue = target == FormulaTarget::kBlue,
+             .numbers = [formulas = std::move(formulas), target](std::span<const Draw> earlier) {
+                 return NamedBalls(earlier, formulas, target);
+             }}};
+}
 
 std::string TargetWord(FormulaTarget target) {
     switch (target) {
@@ -169,7 +218,31 @@ std::optional<std::string> EvaluateFormulas(const Draw& draw,
     return target == FormulaTarget::kTail && list == "10" ? "00" : list;
 }
 
-std::optional<std::string> TestFormulas(Session& session, const FormulaTest& test, Run& run) {
+int FormulaHits(const Draw& draw, const std::string& values, FormulaTarget target) {
+    int hits = 0;
+    CountCommonBalls(TargetText(draw, target), values, 0, 0, hits);
+    return hits;
+}
+
+// The balls of one number or tail that the values name are a class; one that stands twice weighs
+// two.
+double ChanceOfFormulaHits(const std::string& values, FormulaTarget target, double low,
+                           double high) {
+    constexpr int kTails = 10;
+    const bool isTail = target == FormulaTarget::kTail;
+    const bool isBlue = target == FormulaTarget::kBlue;
+    const int balls = isBlue ? kBlues : kReds;
+    std::vector<BallClass> classes;
+    for (int number = isTail ? 0 : 1; number <= (isTail ? kTails - 1 : balls); ++number) {
+        BallClass named{1, 0};
+        CountCommonBalls(TwoDigits(number), values, 0, 0, named.weight);
+        if (isTail) named.size = (balls - number) / kTails + (number > 0 ? 1 : 0);
+        if (named.weight > 0) classes.push_back(named);
+    }
+    return ChanceOfWeight(classes, balls, isBlue ? 1 : kRedsInDraw, low, high);
+}
+
+std::optional<FormulaTestReport> TestFormulas(Session& session, const FormulaTest& test, Run& run) {
     const auto formulas = LoadFormulaList(session);
     if (!formulas) return std::nullopt;
     const auto draws = ReadDraws(session, test.range);
@@ -185,11 +258,15 @@ std::optional<std::string> TestFormulas(Session& session, const FormulaTest& tes
         auto prediction = EvaluateFormulas(draw, *formulas, test.target, errorText);
         if (!prediction) session.host.ShowMessage(errorText);
         if (!prediction || prediction->empty()) return std::nullopt;
-        if (log.draws++ > 0) Judge(draw, test, log);
+        if (log.draws++ > 0) {
+            Judge(draw, test, log);
+            log.chances +=
+                ChanceOfFormulaHits(log.prediction, test.target, LowOf(test), HighOf(test));
+        }
         log.lastIssue = draw.issue;
         log.prediction = std::move(*prediction);
     }
-    return Report(test, log);
+    return FormulaTestReport{Report(test, log), Remark(log)};
 }
 
 }  // namespace ssq

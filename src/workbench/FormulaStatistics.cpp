@@ -1,7 +1,6 @@
 #include "workbench/FormulaStatistics.h"
 
 #include <algorithm>
-#include <bitset>
 #include <cstdlib>
 #include <variant>
 #include <vector>
@@ -21,9 +20,8 @@ namespace {
 
 constexpr int kHeaderHeight = 400;
 constexpr int kRowHeight = 300;
-constexpr int kLevels = 7;  // a formula names six numbers, so it hits 0 to 6
+constexpr int kLevels = kRedsInDraw + 1;
 
-using HitLevels = std::bitset<kLevels>;
 using AllStats = std::array<FormulaStats, kFormulaCount>;
 
 bool Compare(const std::string& comparison, int left, int right) {
@@ -32,15 +30,6 @@ bool Compare(const std::string& comparison, int left, int right) {
     if (comparison == "=") return left == right;
     if (comparison == ">") return left > right;
     return comparison == "<" && left < right;
-}
-
-HitLevels LevelsMeeting(const FormulaCondition& condition) {
-    HitLevels levels;
-    for (int level = 0; level < kLevels; ++level) {
-        levels[static_cast<std::size_t>(level)] =
-            Compare(condition.comparison, level, condition.reds);
-    }
-    return levels;
 }
 
 // One query for all formulas: the rows are the same for each.
@@ -117,6 +106,15 @@ bool BringEdgeTableLevel(Session& session, const Run& run) {
 
 }  // namespace
 
+HitLevels LevelsMeeting(const FormulaCondition& condition) {
+    HitLevels levels;
+    for (int level = 0; level < kLevels; ++level) {
+        levels[static_cast<std::size_t>(level)] =
+            Compare(condition.comparison, level, condition.reds);
+    }
+    return levels;
+}
+
 void FormulaStats::Hit(int qid) {
     const int distance = qid - lastQid;
     if (distance == 1) {
@@ -157,6 +155,7 @@ std::optional<FormulaReport> FormulaStatistics(Session& session, const FormulaCo
     const auto draws = ReadDrawsUpTo(session, endIssue, kFormulaDraws);
     if (!draws) return std::nullopt;
     const int total = RenumberEdgeTable(session, endIssue);
+    if (!run.SlowStep(0, kFormulaCount)) return std::nullopt;
     AllStats all;
     if (total > 0 && !WalkHistory(session, condition, endIssue, all)) return std::nullopt;
 

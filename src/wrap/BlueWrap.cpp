@@ -1,9 +1,7 @@
 #include "wrap/BlueWrap.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <set>
-#include <vector>
 
 #include "base/numbers.h"
 #include "base/text.h"
@@ -18,7 +16,6 @@ namespace ssq {
 namespace {
 
 constexpr int kReach = 3;  // neighbours on each side
-constexpr int kDrawsBefore = 4;
 constexpr int kFirstItemCol = 2;
 constexpr int kItems = 9;  // items shown
 constexpr int kVerdictCol = kFirstItemCol + kItems;
@@ -51,18 +48,15 @@ ResultGrid EmptyGrid(int draws) {
 
 // The chance that the blue is among the items shown, of which one may stand twice.
 double ChanceOf(const BlueWrapResult& wrap) {
-    std::vector<std::string> items = Split(wrap.text, ",");
-    items.resize(std::min<std::size_t>(items.size(), kItems));
-    const std::set<std::string> different(items.begin(), items.end());
-    return static_cast<double>(different.size()) / kBlues;
+    const std::vector<std::string> items = ShownItems(wrap);
+    return static_cast<double>(std::set(items.begin(), items.end()).size()) / kBlues;
 }
 
-// Writes the first nine items of the wrap; answers whether `blue` is among them.
+// Writes the wrap; answers whether `blue` is among them.
 bool WriteWrap(ResultGrid& grid, int row, const BlueWrapResult& wrap, const std::string& blue) {
     bool isHit = false;
     int col = kFirstItemCol;
-    for (std::string& item : Split(wrap.text, ",")) {
-        if (col == kVerdictCol) break;
+    for (std::string& item : ShownItems(wrap)) {
         if (item == blue) {
             grid.SetBack(row, col, kRepeatMark);
             isHit = true;
@@ -88,20 +82,26 @@ BlueWrapResult BlueWrap(int a, int b, int c, int d) {
     return {isNear ? list : Complement(list), isNear};
 }
 
+std::vector<std::string> ShownItems(const BlueWrapResult& wrap) {
+    std::vector<std::string> items = Split(wrap.text, ",");
+    if (items.size() > kItems) items.resize(kItems);
+    return items;
+}
+
 std::optional<GridReport> BuildBlueWrap(Session& session, const PeriodRange& range) {
     const auto refuse = [&session] {
         session.host.ShowMessage("数据不足！");
         return std::nullopt;
     };
     if (!CheckPeriod(session, range)) return std::nullopt;
-    if (WholePart(range.end) - WholePart(range.start) < kDrawsBefore - 1) return refuse();
-    const auto earlier = ReadDrawsBefore(session, range.start, kDrawsBefore);
+    if (WholePart(range.end) - WholePart(range.start) < kDrawsInBlueWrap - 1) return refuse();
+    const auto earlier = ReadDrawsBefore(session, range.start, kDrawsInBlueWrap);
     if (!earlier) return std::nullopt;
-    if (earlier->size() < kDrawsBefore) return refuse();
+    if (earlier->size() < kDrawsInBlueWrap) return refuse();
     const auto draws = ReadDraws(session, range);
     if (!draws) return std::nullopt;
     // The issues of a range over a new year differ by more than its draws.
-    if (draws->size() < kDrawsBefore) return refuse();
+    if (draws->size() < kDrawsInBlueWrap) return refuse();
     const std::int32_t next = NextIssue(session, range.end);
     if (next == 0) return std::nullopt;
 

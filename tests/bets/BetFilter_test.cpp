@@ -240,7 +240,8 @@ TEST(BetCheck, LooksBackFromEachOfTheLastDraws) {
         RedSet::FromList("01,02,03,04,05,06"), RedSet::FromList("01,02,07,08,09,10"),
         RedSet::FromList("01,02,07,08,30,31"), RedSet::FromList("01,02")};
     const BetPlan plan = ReadBetPlan("重号 >=2\n!07,08/2\n杀码 31").plan;
-    const BetHistory all = CheckHistory(plan, draws, 99);
+    const auto goOn = [](double, double) { return true; };
+    const BetHistory all = CheckHistory(plan, draws, 99, goOn).value();
     ASSERT_EQ(all.verdicts.size(), 4U);
     EXPECT_EQ(all.passed, 1);
     EXPECT_EQ(all.verdicts[0].failed, (std::vector<std::size_t>{0, 1}));
@@ -248,7 +249,7 @@ TEST(BetCheck, LooksBackFromEachOfTheLastDraws) {
     EXPECT_FALSE(all.verdicts[2].candidate);
     EXPECT_TRUE(all.verdicts[2].failed.empty());
     EXPECT_FALSE(all.verdicts[3].candidate);  // no six reds
-    const BetHistory last = CheckHistory(plan, draws, 3);
+    const BetHistory last = CheckHistory(plan, draws, 3, goOn).value();
     ASSERT_EQ(last.verdicts.size(), 3U);
     EXPECT_TRUE(last.verdicts[0].remains);  // the draw before it still counts
 }

@@ -53,10 +53,10 @@ TEST(ResultIntake, RatesASourceByTheDrawsBehindIt) {
     for (std::size_t i = 0; i < draws.size(); ++i) {
         draws[i].set = RedSet::FromList(i < 3 ? "01,02,03,04,05,06" : "11,12,13,14,15,16");
     }
-    const NumberSource source{"上期", NumberSource::Range::kAtLeastOne, false, false,
-                              [](std::span<const Draw> earlier) {
-                                  return earlier.empty() ? RedSet() : earlier.back().set;
-                              }};
+    const NumberSource source{
+        .name = "上期", .range = kAtLeastOne, .numbers = [](std::span<const Draw> earlier) {
+            return earlier.empty() ? RedSet() : earlier.back().set;
+        }};
     const auto taken = TakeResults(std::span(&source, 1), draws);
     ASSERT_EQ(taken.size(), 1U);
     EXPECT_EQ(taken[0].line, "11,12,13,14,15,16/>=1  # 取入 上期 近4期75% 随机73.27%");

@@ -41,5 +41,12 @@ TEST(ChartRoad, BuildsTakesPicksHidesNumbersAndExports) {
     EXPECT_TRUE(std::filesystem::exists(file + ".xls"));
 }
 
+TEST(ChartRoad, TheSegmentsStandInAWindowOfTheirOwn) {
+    DriverClient driver;
+    driver.Menu("m_zst_hmd");
+    driver.Click("Command2");
+    EXPECT_EQ(driver.Text("frmQDDZ"), " 号码区段对照表");
+}
+
 }  // namespace
 }  // namespace ssq

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 
+#include "draws/NumberSource.h"
 #include "draws/Public_var.h"
 #include "ui/Host.h"
 #include "ui/qt/ProgressStrip.h"
@@ -77,6 +78,10 @@ bool Panel::Perform(const PanelRuns::Controls& controls, const std::function<boo
     return succeeded && !closed_;
 }
 
+void Panel::NameNumbers(std::vector<NumberSource> sources) {
+    if (context_.atHand) context_.atHand->Show(objectName().toStdString(), std::move(sources));
+}
+
 void Panel::keyPressEvent(QKeyEvent* event) {
     const bool runs = event->key() == Qt::Key_F5 || event->key() == Qt::Key_Return ||
                       event->key() == Qt::Key_Enter;
@@ -93,6 +98,7 @@ void Panel::closeEvent(QCloseEvent* event) {
     event->accept();
     if (closed_) return;
     closed_ = true;
+    if (context_.atHand) context_.atHand->Forget(objectName().toStdString());
     runs_.EndAll();
     if (!runs_.IsAnyUnderWay()) deleteLater();
 }

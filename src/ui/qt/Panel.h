@@ -4,6 +4,7 @@
 #include <QString>
 #include <QWidget>
 #include <functional>
+#include <vector>
 
 #include "ui/Run.h"
 #include "ui/qt/PanelContext.h"
@@ -13,6 +14,7 @@ class QPushButton;
 namespace ssq {
 
 class ProgressStrip;
+struct NumberSource;
 
 // The runs of one panel. The newest wins: an older one still under way ends quietly at its next
 // step.
@@ -69,6 +71,9 @@ class Panel : public QWidget {
 
     // The run of a button or a menu entry; see PanelRuns::Perform.
     bool Perform(const PanelRuns::Controls& controls, const std::function<bool(Run&)>& work);
+
+    // What the panel's result names for the next draw, at hand until the panel closes.
+    void NameNumbers(std::vector<NumberSource> sources);
 
     // Enter in an input and F5 press it.
     void SetMainButton(QPushButton* button) { mainButton_ = button; }

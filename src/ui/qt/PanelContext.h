@@ -8,6 +8,7 @@
 namespace ssq {
 
 class Desktop;
+class NumbersAtHand;
 struct Session;
 
 // What is to stand in controls of a panel, by their names; the others keep what they start with.
@@ -22,6 +23,8 @@ struct PanelContext {
     std::function<std::string()> standingPlan = {};
     // Brings up the blind test with these settings.
     std::function<void(const ControlTexts& settings)> openBlindTest = {};
+    // What the open panels name for the next draw; null in a window of its own.
+    NumbersAtHand* atHand = nullptr;
 };
 
 }  // namespace ssq

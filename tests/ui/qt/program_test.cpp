@@ -3,8 +3,10 @@
 
 #include <QFile>
 #include <QTest>
+#include <fstream>
 #include <future>
 
+#include "app/Folders.h"
 #include "app/OneProgram.h"
 #include "support/TempFolder.h"
 #include "ui/qt/Desktop.h"
@@ -32,6 +34,33 @@ TEST(OneProgram, ASecondOneCallsTheFirstForward) {
         EXPECT_TRUE(answered.get());
     }
     EXPECT_TRUE(OneProgram(folder.path()).isFirst());
+}
+
+TEST(Folders, WhatIsBesideTheProgramComesFirstAndNothingIsOverwritten) {
+    const TempFolder folder;
+    const auto program = folder.path() / "program";
+    const auto home = folder.path() / "home" / "ssq";
+    std::filesystem::create_directories(program / "data");
+    std::filesystem::create_directories(program / "delivered");
+    EXPECT_EQ(ChooseFolders(program, home).user, program);  // with nothing to hand out
+
+    folder.Write("program/delivered/ssq.mdb", "delivered");
+    const Folders installed = ChooseFolders(program, home);
+    EXPECT_EQ(installed.user, home);
+    std::string errorText;
+    for (const char* text : {"delivered", "the user's"}) {
+        EXPECT_TRUE(LayDelivered(installed, errorText)) << errorText;
+        std::ifstream laid(home / "data" / "ssq.mdb");
+        EXPECT_EQ(std::string(std::istreambuf_iterator<char>(laid), {}), text);
+        folder.Write("home/ssq/data/ssq.mdb", "the user's");
+    }
+    // A file stands in the way of the folder.
+    const auto blocked = folder.Write("blocked", "");
+    EXPECT_FALSE(LayDelivered(ChooseFolders(program, blocked), errorText));
+    EXPECT_EQ(errorText.find("无法把数据放到"), 0U) << errorText;
+
+    folder.Write("program/data/ssq.mdb", "the user's");
+    EXPECT_EQ(ChooseFolders(program, home).user, program);
 }
 
 TEST(SystemDesktop, HandsArgumentsOverWithTheirBlanks) {
