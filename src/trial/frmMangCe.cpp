@@ -411,7 +411,8 @@ void frmMangCe::DrawCourses(const TrialResult& result) {
     for (std::size_t index = 0; index < result.tracks.size(); ++index) {
         const TrialTrack& track = result.tracks[index];
         (track.counts ? noneCounts : allCount) = false;
-        BandTrack course{.name = track.name};
+        BandTrack course;
+        course.name = track.name;
         data.labels.clear();
         for (const CoursePoint& point : CourseOf(result, index)) {
             data.labels.push_back(result.rows[point.row].issue + "期");
