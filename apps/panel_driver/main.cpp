@@ -1,4 +1,5 @@
 // panel_driver FOLDER: the real program on the given folder, driven by one JSON object per line.
+#include <QTemporaryFile>
 #include <cstdio>
 #include <exception>
 
@@ -16,10 +17,22 @@ void Print(QtMsgType, const QMessageLogContext&, const QString& text) {
     std::fprintf(stderr, "%s\n", qUtf8Printable(text));
 }
 
+// Without a display of its own the program runs on an offscreen one of a usual size; that of the
+// platform, 800 by 800, is smaller than any the windows are made for.
+void ChooseScreen(QTemporaryFile& screen) {
+    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+    if (!platform.isEmpty() && platform != "offscreen") return;
+    screen.open();
+    screen.write(R"({"screens": [{"name": "offscreen", "width": 1920, "height": 1080}]})");
+    screen.close();
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screen.fileName().toUtf8());
+}
+
 }  // namespace
 
 int main(int argc, char** argv) try {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QTemporaryFile screen;
+    ChooseScreen(screen);
     qInstallMessageHandler(Print);
     ssq::ScriptDesktop desktop;
     ssq::Application application(argc, argv, desktop);

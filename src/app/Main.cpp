@@ -5,7 +5,7 @@
 #include "app/Program.h"
 #include "ui/qt/Application.h"
 #include "ui/qt/Desktop.h"
-#include "ui/qt/form.h"
+#include "ui/qt/placing.h"
 
 namespace {
 
@@ -32,6 +32,7 @@ int main(int argc, char** argv) {
     ssq::Program program(desktop, folders);
     application.onTerminate = [&program] { program.End(); };
     program.Start();
+    if (program.session().host.stopping()) return 0;  // told so while a box of the start stood
     one.Answer([&program] { ssq::BringUp(program.mainWindow()); });
     return QApplication::exec();
 }

@@ -6,6 +6,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QStatusBar>
 
 #include "acquire/BallOrder.h"
@@ -27,12 +28,15 @@
 #include "ui/qt/ProgressStrip.h"
 #include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
+#include "ui/qt/keys.h"
+#include "ui/qt/manual.h"
+#include "ui/qt/placing.h"
 
 namespace ssq {
 
 frmMain::frmMain(const PanelContext& context)
     : context_(context),
-      panels_(std::make_unique<PanelRegistry>(context, *this)),
+      panels_(std::make_unique<PanelRegistry>(WithModeLine(), *this)),
       learnRuns_(context.session.host) {
     BuildControls();
     BuildMenus();
@@ -41,11 +45,18 @@ frmMain::frmMain(const PanelContext& context)
 
 frmMain::~frmMain() = default;
 
+// What the panels are given: they tell when the line of the learning mode is to be shown anew.
+PanelContext frmMain::WithModeLine() {
+    PanelContext context = context_;
+    context.onBankerSettings = [this] { ShowLearningMode(ReadBankerSettings(context_.session)); };
+    return context;
+}
+
 void frmMain::BuildControls() {
     const Deployment& deployment = context_.session.deployment;
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(Qs(deployment.productName + " " + deployment.version));
-    resize(1180, 760);
+    FitOrMaximize(*this, {1180, 760});
 
     auto* centre = new QWidget;
     auto* column = new QVBoxLayout(centre);
@@ -54,7 +65,10 @@ void frmMain::BuildControls() {
     auto* query = AddRow(AddGroup(column, "Frame2", {}));
     start_ = AddIssueCombo(query, "cboSdate", QStringLiteral("开始期号:"), "Label1");
     end_ = AddIssueCombo(query, "cboEdate", QStringLiteral("结束期号:"), "Label2");
-    AddButton(query, "Command1", QStringLiteral("胆码推荐"), [this] { Recommend(); });
+    AddPeriodMenu(query, *start_, *end_);
+    recommendButton_ =
+        AddButton(query, "Command1", QStringLiteral("胆码推荐"), [this] { Recommend(); });
+    recommendButton_->setDefault(true);
     AddButton(query, "Command3", QStringLiteral("购买彩票"), [this] { BuyTickets(); });
     AddButton(query, "cmdXuanHao", QStringLiteral("选号台"),
               [this] { panels_->Open(QStringLiteral("frmXuanHao")); });
@@ -107,7 +121,7 @@ void frmMain::RunEntry(const MenuEntry& entry) {
             panels_->Open(argument);
             return;
         case MenuAction::kOpenDialog:
-            OpenDialog(argument);
+            panels_->RunDialog(argument);
             return;
         case MenuAction::kSay:
             context_.session.host.ShowMessage(entry.argument);
@@ -139,7 +153,7 @@ void frmMain::RunCommand(const MenuEntry& entry) {
             context_.desktop.Open(Qs(deployment.makerSite));
             return;
         case MenuAction::kOpenHelp:
-            context_.desktop.Open(Qs((context_.session.programFolder / "ssqhelp.chm").string()));
+            OpenHelp(context_);
             return;
         case MenuAction::kUpdateProgram:
             LaunchUpdater(context_.session, context_.desktop, true);
@@ -172,12 +186,6 @@ void frmMain::UpdateDrawsOfWindow() {
 
 void frmMain::RefillCombos() {
     FillIssueCombos(context_, *start_, *end_, kStartAtLearning);
-}
-
-void frmMain::OpenDialog(const QString& panel) {
-    panels_->RunDialog(panel);
-    // The settings may have changed.
-    ShowLearningMode(ReadBankerSettings(context_.session));
 }
 
 void frmMain::ShowLearningMode(const std::optional<BankerSettings>& settings) {
@@ -213,6 +221,10 @@ void frmMain::BuyTickets() {
     const Deployment& deployment = context_.session.deployment;
     context_.desktop.Open(Qs(deployment.partnerHost + "/pages/interfacehezuo.php?coopid=" +
                              deployment.partnerCoopId + "&adid=" + deployment.partnerAdId));
+}
+
+void frmMain::keyPressEvent(QKeyEvent* event) {
+    if (!TakeKey(context_, *this, recommendButton_, *event)) QMainWindow::keyPressEvent(event);
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

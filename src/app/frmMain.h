@@ -10,6 +10,7 @@
 class QGroupBox;
 class QLabel;
 class QMenu;
+class QPushButton;
 class QVBoxLayout;
 
 namespace ssq {
@@ -28,9 +29,11 @@ class frmMain final : public QMainWindow {
     ~frmMain() override;
 
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    PanelContext WithModeLine();
     void BuildControls();
     void BuildMenus();
     void AddEntry(QMenu& menu, const MenuEntry& entry);
@@ -40,7 +43,6 @@ class frmMain final : public QMainWindow {
     // `panel` is 1 or 2; blanks around the text are dropped.
     void SetStatusPanel(const std::string& text, int panel);
     void RefillCombos();
-    void OpenDialog(const QString& panel);
     void ShowLatestIssue();
     void UpdateDrawsOfWindow();
     void ShowLearningMode(const std::optional<BankerSettings>& settings);
@@ -52,6 +54,7 @@ class frmMain final : public QMainWindow {
     std::unique_ptr<PanelRegistry> panels_;
     IssueCombo* start_ = nullptr;
     IssueCombo* end_ = nullptr;
+    QPushButton* recommendButton_ = nullptr;
     QGroupBox* resultGroup_ = nullptr;
     GridView* vs1_ = nullptr;
     ChanceRemark* remark_ = nullptr;

@@ -22,7 +22,7 @@
 #include "tools/frmLSBJ.h"
 #include "tools/frmMtoN.h"
 #include "trial/frmMangCe.h"
-#include "ui/qt/form.h"
+#include "ui/qt/placing.h"
 #include "workbench/frmShaHao.h"
 #include "wrap/frm18MaWeiHong.h"
 #include "wrap/frmWeiLan.h"

@@ -1,16 +1,14 @@
 // The settings of banker learning.
 #pragma once
 
-#include <QDialog>
-
-#include "ui/qt/PanelContext.h"
+#include "ui/qt/PanelDialog.h"
 
 class QComboBox;
 class QLineEdit;
 
 namespace ssq {
 
-class frmXUEXI final : public QDialog {
+class frmXUEXI final : public PanelDialog {
   public:
     explicit frmXUEXI(const PanelContext& context, QWidget* parent = nullptr);
 
@@ -18,7 +16,6 @@ class frmXUEXI final : public QDialog {
     void Load();
     void Save();
 
-    PanelContext context_;
     QLineEdit* periods_;
     QComboBox* bankers_;
 };

@@ -10,19 +10,18 @@
 namespace ssq {
 
 frmxxjl::frmxxjl(const PanelContext& context, QWidget* parent)
-    : QDialog(parent), context_(context) {
-    auto* column = SetUpPanel(*this, "frmxxjl", QStringLiteral(" 学习记录"), 520, 420);
-    vs1_ = AddGrid(column, "vs1");
-    auto* row = AddRow(column);
+    : PanelDialog(context, parent, {"frmxxjl", " 学习记录", 520, 420}) {
+    vs1_ = AddGrid(column(), "vs1");
+    auto* row = AddRow(column());
     AddLabel(row, "Label1", QStringLiteral("提示: 点击还原可以还原到选中的设置"));
     row->insertStretch(1);
-    AddButton(row, "Command1", QStringLiteral("还原"), [this] { Restore(); });
+    SetMainButton(AddButton(row, "Command1", QStringLiteral("还原"), [this] { Restore(); }));
     AddButton(row, "Command2", QStringLiteral("退出"), [this] { reject(); });
     Load();
 }
 
 void frmxxjl::Load() {
-    auto log = ReadLearningRecords(context_.session);
+    auto log = ReadLearningRecords(session());
     if (!log) return;
     records_ = std::move(log->records);
     vs1_->SetGrid(std::move(log->grid));
@@ -31,10 +30,11 @@ void frmxxjl::Load() {
 void frmxxjl::Restore() {
     const int row = vs1_->grid().rowSel();
     if (row < 1 || row > static_cast<int>(records_.size())) {
-        context_.session.host.ShowMessage("请先选中一条学习记录！");
+        session().host.ShowMessage("请先选中一条学习记录！");
         return;
     }
-    RestoreLearningRecord(context_.session, records_[static_cast<std::size_t>(row - 1)]);
+    if (!RestoreLearningRecord(session(), records_[static_cast<std::size_t>(row - 1)])) return;
+    if (context().onBankerSettings) context().onBankerSettings();
 }
 
 }  // namespace ssq

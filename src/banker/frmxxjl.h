@@ -1,17 +1,16 @@
 // The log of banker learning runs.
 #pragma once
 
-#include <QDialog>
 #include <vector>
 
 #include "banker/LearningRecords.h"
-#include "ui/qt/PanelContext.h"
+#include "ui/qt/PanelDialog.h"
 
 namespace ssq {
 
 class GridView;
 
-class frmxxjl final : public QDialog {
+class frmxxjl final : public PanelDialog {
   public:
     explicit frmxxjl(const PanelContext& context, QWidget* parent = nullptr);
 
@@ -19,7 +18,6 @@ class frmxxjl final : public QDialog {
     void Load();
     void Restore();
 
-    PanelContext context_;
     GridView* vs1_;
     std::vector<LearningRecord> records_;
 };

@@ -191,7 +191,8 @@ void frmXuanHao::BuildBets(QHBoxLayout* middle) {
     auto* picks = AddRow(betsGroup_);
     txtN_ = AddTextBox(picks, "txtN", QStringLiteral("注数:"));
     txtN_->setText(QStringLiteral("10"));
-    AddButton(picks, "Command6", QStringLiteral("随机取注"), [this] { TakeAtRandom(); });
+    SetMainButtonOf(txtN_, AddButton(picks, "Command6", QStringLiteral("随机取注"),
+                                     [this] { TakeAtRandom(); }));
     vs1_ = AddGrid(betsGroup_, "vs1");
 }
 

@@ -7,7 +7,7 @@
 
 #include "charts/NumberSegments.h"
 #include "ui/qt/Qs.h"
-#include "ui/qt/form.h"
+#include "ui/qt/placing.h"
 
 namespace ssq {
 

@@ -15,10 +15,9 @@
 namespace ssq {
 
 frmSHAMAxuexi::frmSHAMAxuexi(const PanelContext& context, QWidget* parent)
-    : QDialog(parent), context_(context) {
-    auto* column = SetUpPanel(*this, "frmSHAMAxuexi",
-                              QStringLiteral("杀号学习设置(学习期数最好在10期内)"), 420, 200);
-    auto* settings = AddGroup(column, "Frame1", QStringLiteral("设置条件"));
+    : PanelDialog(context, parent,
+                  {"frmSHAMAxuexi", "杀号学习设置(学习期数最好在10期内)", 420, 200}) {
+    auto* settings = AddGroup(column(), "Frame1", QStringLiteral("设置条件"));
     auto* values = AddRow(settings);
     size_ = AddCombo(values, "cboSmGs", QStringLiteral("杀码个数："),
                      {"杀6码", "杀12码", "杀18码", "杀24码"});
@@ -28,8 +27,8 @@ frmSHAMAxuexi::frmSHAMAxuexi(const PanelContext& context, QWidget* parent)
     tolerant_ = AddCheckBox(tolerance, "cheYC", QStringLiteral("允许杀错个数,默认不允许杀错"));
     rc_ = AddCombo(tolerance, "cboycGs", {});
 
-    auto* buttons = AddRow(column);
-    AddButton(buttons, "Command1", QStringLiteral("确定"), [this] { Save(); })->setDefault(true);
+    auto* buttons = AddRow(column());
+    SetMainButton(AddButton(buttons, "Command1", QStringLiteral("确定"), [this] { Save(); }));
     AddButton(buttons, "Command2", QStringLiteral("退出"), [this] { reject(); });
     AddButton(buttons, "Command3", QStringLiteral("恢复默认值"), [this] { RestoreDefaults(); });
     RemoveCloseEntry(*this, 0);
@@ -41,7 +40,7 @@ frmSHAMAxuexi::frmSHAMAxuexi(const PanelContext& context, QWidget* parent)
 
 void frmSHAMAxuexi::Load() {
     constexpr int kDraws = 10;
-    const auto settings = ReadKillSettings(context_.session);
+    const auto settings = ReadKillSettings(session());
     opened_ = settings.value_or(KillSettings{});
     // A size that is none of the list leaves nothing chosen.
     size_->setCurrentIndex(opened_.dmgs >= 0 && opened_.dmgs < size_->count() ? opened_.dmgs : -1);
@@ -76,7 +75,7 @@ void frmSHAMAxuexi::Save() {
     const KillSettingsInput input{xxqs_->text().toStdString(), rate_->text().toStdString(),
                                   size_->currentIndex(), tolerant_->isChecked(),
                                   rc_->currentIndex()};
-    if (SaveKillSettings(context_.session, input)) accept();
+    if (SaveKillSettings(session(), input)) accept();
 }
 
 }  // namespace ssq

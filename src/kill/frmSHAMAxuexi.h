@@ -1,10 +1,8 @@
 // The settings of kill learning; accepted when they have been saved.
 #pragma once
 
-#include <QDialog>
-
 #include "kill/KillSettings.h"
-#include "ui/qt/PanelContext.h"
+#include "ui/qt/PanelDialog.h"
 
 class QCheckBox;
 class QComboBox;
@@ -12,7 +10,7 @@ class QLineEdit;
 
 namespace ssq {
 
-class frmSHAMAxuexi final : public QDialog {
+class frmSHAMAxuexi final : public PanelDialog {
   public:
     explicit frmSHAMAxuexi(const PanelContext& context, QWidget* parent = nullptr);
 
@@ -23,7 +21,6 @@ class frmSHAMAxuexi final : public QDialog {
     void RestoreDefaults();
     void Save();
 
-    PanelContext context_;
     KillSettings opened_;
     QComboBox* size_;
     QLineEdit* xxqs_;

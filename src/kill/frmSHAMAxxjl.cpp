@@ -11,26 +11,26 @@
 namespace ssq {
 
 frmSHAMAxxjl::frmSHAMAxxjl(const PanelContext& context, OnRestored onRestored, QWidget* parent)
-    : QDialog(parent), context_(context), onRestored_(std::move(onRestored)) {
-    auto* column = SetUpPanel(*this, "frmSHAMAxxjl", QStringLiteral("杀号学习记录"), 620, 440);
-    vs1_ = AddGrid(AddGroup(column, "Frame2", {}), "vs1");
-    auto* row = AddRow(column);
+    : PanelDialog(context, parent, {"frmSHAMAxxjl", "杀号学习记录", 620, 440}),
+      onRestored_(std::move(onRestored)) {
+    vs1_ = AddGrid(AddGroup(column(), "Frame2", {}), "vs1");
+    auto* row = AddRow(column());
     AddLabel(row, "Label1", QStringLiteral("提示: 选中某条记录后，点击还原可以还原到选中的设置"));
     row->insertStretch(1);
-    AddButton(row, "Command1", QStringLiteral("还原记录"), [this] { Restore(); });
+    SetMainButton(AddButton(row, "Command1", QStringLiteral("还原记录"), [this] { Restore(); }));
     AddButton(row, "Command2", QStringLiteral("退出"), [this] { reject(); });
     Load();
 }
 
 void frmSHAMAxxjl::Load() {
-    if (auto grid = ReadKillRecords(context_.session)) vs1_->SetGrid(std::move(*grid));
+    if (auto grid = ReadKillRecords(session())) vs1_->SetGrid(std::move(*grid));
 }
 
 void frmSHAMAxxjl::Restore() {
     const ResultGrid& grid = vs1_->grid();
     const int row = grid.row();
     const auto number = [&](int col) { return WholePart(grid.cell(row, col)); };
-    if (!RestoreKillRecord(context_.session, number(0))) return;
+    if (!RestoreKillRecord(session(), number(0))) return;
     onRestored_(std::to_string(number(2)), ToInt(number(4)));
 }
 

@@ -1,17 +1,16 @@
 // The log of kill learning runs.
 #pragma once
 
-#include <QDialog>
 #include <functional>
 #include <string>
 
-#include "ui/qt/PanelContext.h"
+#include "ui/qt/PanelDialog.h"
 
 namespace ssq {
 
 class GridView;
 
-class frmSHAMAxxjl final : public QDialog {
+class frmSHAMAxxjl final : public PanelDialog {
   public:
     // Told after a restore: the record's end issue and its number of learning draws.
     using OnRestored = std::function<void(const std::string& endIssue, int periods)>;
@@ -22,7 +21,6 @@ class frmSHAMAxxjl final : public QDialog {
     void Load();
     void Restore();
 
-    PanelContext context_;
     OnRestored onRestored_;
     GridView* vs1_;
 };

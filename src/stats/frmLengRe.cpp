@@ -10,6 +10,7 @@
 #include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/form.h"
+#include "ui/qt/placing.h"
 
 namespace ssq {
 
@@ -50,7 +51,7 @@ void frmLengRe::ShowCourse() {
     }
     if (course_) course_->close();
     course_ = new frmLrHMfx(context(), grid, number, this);
-    course_->show();
+    BringUp(*course_);
 }
 
 }  // namespace ssq

@@ -46,7 +46,8 @@ void frmDFjishuan::BuildBankerBet(QBoxLayout& column) {
     bankers_ = AddCount(counts, "CBOdan", QStringLiteral("胆码个数："), kMostBankers);
     drags_ = AddCount(counts, "CBOtuo", QStringLiteral("拖码个数："), kMostDrags);
     blues_ = AddCount(counts, "CBOblue", QStringLiteral("蓝球个数："), kBlues);
-    AddButton(counts, "Command1", QStringLiteral("计算"), [this] { PriceBankerBet(); });
+    SetMainButton(
+        AddButton(counts, "Command1", QStringLiteral("计算"), [this] { PriceBankerBet(); }));
     auto* price = AddRow(group);
     AddLabel(price, nullptr, QStringLiteral("金额："));
     bankerPrice_ = AddLabel(price, "LBLdtJG", {});
@@ -58,9 +59,11 @@ void frmDFjishuan::BuildMultipleBet(QBoxLayout& column) {
     auto* counts = AddRow(group);
     multipleReds_ = AddCount(counts, "cboHong", QStringLiteral("红球个数："), kReds);
     multipleBlues_ = AddCount(counts, "cboFblue", QStringLiteral("蓝球个数："), kBlues);
-    AddButton(counts, "Command2", QStringLiteral("计算"), [this] { PriceMultipleBet(); });
-    auto* price = AddRow(group);
-    multiplePrice_ = AddTextBox(price, "txtFjg", QStringLiteral("金额："));
+    auto* price =
+        AddButton(counts, "Command2", QStringLiteral("计算"), [this] { PriceMultipleBet(); });
+    SetMainButtonOf(group, price);
+    auto* result = AddRow(group);
+    multiplePrice_ = AddTextBox(result, "txtFjg", QStringLiteral("金额："));
     multiplePrice_->setReadOnly(true);
 }
 

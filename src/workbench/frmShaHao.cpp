@@ -104,15 +104,15 @@ void frmShaHao::BuildFilters(QBoxLayout* views) {
     auto* row = AddRow(filters_);
     cboYLCS_ = AddFreeCombo(row, "cboYLCS", QStringLiteral("当前遗漏次数>="),
                             {"1", "5", "10", "30", "50", kGapFilter.maximumKeyword});
-    AddButton(row, "Command2", QStringLiteral("筛选"),
-              [this] { Filter(kGapFilter, cboYLCS_->currentText()); });
+    SetMainButtonOf(cboYLCS_, AddButton(row, "Command2", QStringLiteral("筛选"),
+                                        [this] { Filter(kGapFilter, cboYLCS_->currentText()); }));
     cboYCCS_ = AddFreeCombo(row, "cboYCCS", QStringLiteral("当前连出次数>="),
                             {"1", "5", "10", "30", "50", kRunFilter.maximumKeyword});
-    AddButton(row, "Command3", QStringLiteral("筛选"),
-              [this] { Filter(kRunFilter, cboYCCS_->currentText()); });
+    SetMainButtonOf(cboYCCS_, AddButton(row, "Command3", QStringLiteral("筛选"),
+                                        [this] { Filter(kRunFilter, cboYCCS_->currentText()); }));
     txtGL_ = AddTextBox(row, "txtGL", QStringLiteral("出现概率>="));
-    AddButton(row, "Command4", QStringLiteral("筛选"),
-              [this] { Filter(kRateFilter, txtGL_->text()); });
+    SetMainButtonOf(txtGL_, AddButton(row, "Command4", QStringLiteral("筛选"),
+                                      [this] { Filter(kRateFilter, txtGL_->text()); }));
     AddButton(row, "Command5", QStringLiteral("遗漏筛选"), [this] { ShowOmissionScreen(); });
     vs2_ = AddGrid(views, "vs2");
 }

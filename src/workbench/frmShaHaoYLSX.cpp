@@ -10,6 +10,7 @@
 #include "ui/qt/GridView.h"
 #include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
+#include "ui/qt/placing.h"
 #include "workbench/NumberCount.h"
 #include "workbench/frmShaHao.h"
 
@@ -26,23 +27,26 @@ frmShaHaoYLSX::frmShaHaoYLSX(const PanelContext& context, frmShaHao& workbench)
     auto* column = new QVBoxLayout(this);
     operations_ = AddGroup(column, "Frame1", QStringLiteral("操作"));
     auto* beyond = AddRow(operations_);
-    AddButton(beyond, "Command1", QStringLiteral("当前>最大遗漏"),
-              [this] { Filter(kGapFilter, std::nullopt); });
+    SetMainButton(AddButton(beyond, "Command1", QStringLiteral("当前>最大遗漏"),
+                            [this] { Filter(kGapFilter, std::nullopt); }));
     AddButton(beyond, "Command5", QStringLiteral("当前>最大连出"),
               [this] { Filter(kRunFilter, std::nullopt); });
     AddButton(beyond, "Command4", QStringLiteral("统计号码次数"), [this] { Count(); });
     AddButton(beyond, "Command2", QStringLiteral("导出结果"),
               [this] { SaveGridAsExcel(this->context(), *vs1_); });
     auto* reaching = AddRow(operations_);
-    AddButton(reaching, "Command3", QStringLiteral("当前遗漏次数"),
-              [this] { FilterReaching(kGapFilter, *txtYLCS_); });
+    auto* gapButton = AddButton(reaching, "Command3", QStringLiteral("当前遗漏次数"),
+                                [this] { FilterReaching(kGapFilter, *txtYLCS_); });
     txtYLCS_ = AddTextBox(reaching, "txtYLCS", QStringLiteral(">="));
-    AddButton(reaching, "Command6", QStringLiteral("当前连出"),
-              [this] { FilterReaching(kRunFilter, *txtLC_); });
+    SetMainButtonOf(txtYLCS_, gapButton);
+    auto* runButton = AddButton(reaching, "Command6", QStringLiteral("当前连出"),
+                                [this] { FilterReaching(kRunFilter, *txtLC_); });
     txtLC_ = AddTextBox(reaching, "txtLC", QStringLiteral(">="));
-    AddButton(reaching, "Command7", QStringLiteral("出现概率"),
-              [this] { FilterReaching(kRateFilter, *txtGL_); });
+    SetMainButtonOf(txtLC_, runButton);
+    auto* rateButton = AddButton(reaching, "Command7", QStringLiteral("出现概率"),
+                                 [this] { FilterReaching(kRateFilter, *txtGL_); });
     txtGL_ = AddTextBox(reaching, "txtGL", QStringLiteral(">="));
+    SetMainButtonOf(txtGL_, rateButton);
     txtGL_->setText(QStringLiteral("99.5"));
 
     results_ = AddGroup(column, "Frame2", QString::fromUtf8(kResultsCaption));

@@ -71,7 +71,8 @@ std::unique_ptr<QMessageBox> MakeBox(const QString& title, const QString& text,
                                      QMessageBox::Icon icon) {
     auto box = std::make_unique<QMessageBox>(QApplication::activeWindow());
     box->setIcon(icon);
-    box->setWindowTitle(title);
+    // The window system would put the program's name where there is no title at all.
+    box->setWindowTitle(title.isEmpty() ? QStringLiteral(" ") : title);
     box->setTextFormat(Qt::PlainText);
     box->setText(Breakable(text.left(kLongestBoxText)));
     QPushButton* ok = box->addButton(QMessageBox::Ok);

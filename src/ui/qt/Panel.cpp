@@ -3,11 +3,14 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <algorithm>
 
 #include "draws/NumberSource.h"
 #include "draws/Public_var.h"
 #include "ui/Host.h"
 #include "ui/qt/ProgressStrip.h"
+#include "ui/qt/keys.h"
+#include "ui/qt/placing.h"
 
 namespace ssq {
 
@@ -69,7 +72,7 @@ Panel::Panel(const PanelContext& context, QWidget* parent, const Form& form)
     : QWidget(parent, Qt::Window), context_(context), runs_(context.session.host) {
     setObjectName(QString::fromUtf8(form.name));
     setWindowTitle(QString::fromUtf8(form.title));
-    resize(form.width, form.height);
+    FitOrMaximize(*this, {form.width, form.height});
 }
 
 bool Panel::Perform(const PanelRuns::Controls& controls, const std::function<bool(Run&)>& work) {
@@ -78,18 +81,32 @@ bool Panel::Perform(const PanelRuns::Controls& controls, const std::function<boo
     return succeeded && !closed_;
 }
 
+void Panel::SetMainButton(QPushButton* button) {
+    mainButton_ = button;
+    button->setDefault(true);
+}
+
+void Panel::SetMainButtonOf(QWidget* inputs, QPushButton* button) {
+    partButtons_.emplace_back(inputs, button);
+}
+
+QPushButton* Panel::MainButtonNow() const {
+    const QWidget* focus = focusWidget();
+    const auto part = std::ranges::find_if(partButtons_, [focus](const auto& inputsAndButton) {
+        const QWidget* inputs = inputsAndButton.first;
+        return focus && (inputs == focus || inputs->isAncestorOf(focus));
+    });
+    return part == partButtons_.end() ? mainButton_ : part->second;
+}
+
 void Panel::NameNumbers(std::vector<NumberSource> sources) {
     if (context_.atHand) context_.atHand->Show(objectName().toStdString(), std::move(sources));
 }
 
 void Panel::keyPressEvent(QKeyEvent* event) {
-    const bool runs = event->key() == Qt::Key_F5 || event->key() == Qt::Key_Return ||
-                      event->key() == Qt::Key_Enter;
     if (event->key() == Qt::Key_Escape || event->matches(QKeySequence::Close)) {
         close();
-    } else if (runs && mainButton_) {
-        mainButton_->click();
-    } else {
+    } else if (!TakeKey(context_, *this, MainButtonNow(), *event)) {
         QWidget::keyPressEvent(event);
     }
 }

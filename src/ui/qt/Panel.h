@@ -4,6 +4,7 @@
 #include <QString>
 #include <QWidget>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "ui/Run.h"
@@ -75,18 +76,23 @@ class Panel : public QWidget {
     // What the panel's result names for the next draw, at hand until the panel closes.
     void NameNumbers(std::vector<NumberSource> sources);
 
-    // Enter in an input and F5 press it.
-    void SetMainButton(QPushButton* button) { mainButton_ = button; }
-    QPushButton* mainButton() const { return mainButton_; }
+    // F5 and Enter in an input press it, and it stands out.
+    void SetMainButton(QPushButton* button);
+    // Takes the main button's place while the focus is in `inputs`, a control or a group.
+    void SetMainButtonOf(QWidget* inputs, QPushButton* button);
+    bool hasMainButton() const { return mainButton_ != nullptr; }
 
     // Esc and Ctrl+W close the panel.
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    QPushButton* MainButtonNow() const;
+
     PanelContext context_;
     PanelRuns runs_;
     QPushButton* mainButton_ = nullptr;
+    std::vector<std::pair<QWidget*, QPushButton*>> partButtons_;
     bool closed_ = false;
 };
 

@@ -24,6 +24,7 @@ RangePanel::RangePanel(const PanelContext& context, QWidget* parent, const Range
             : AddRow(column_);
     start_ = AddIssueCombo(inputs_, "cboSdate", QStringLiteral("开始期号:"), "Label1");
     end_ = AddIssueCombo(inputs_, "cboEdate", QStringLiteral("结束期号:"), "Label2");
+    AddPeriodMenu(inputs_, *start_, *end_);
     FillIssueCombos(context, *start_, *end_, form.startEntry);
 }
 
@@ -50,7 +51,7 @@ QPushButton* RangePanel::AddRunButton(const RunButton& button, std::function<boo
             return succeeded;
         });
     });
-    if (!mainButton()) SetMainButton(control);
+    if (!hasMainButton()) SetMainButton(control);
     return control;
 }
 

@@ -3,12 +3,15 @@
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
+#include <algorithm>
+#include <limits>
 
 #include "ui/qt/Desktop.h"
 #include "ui/qt/ElidedGroup.h"
@@ -35,21 +38,26 @@ Widget* AddLabelled(QBoxLayout* row, Widget* control, const char* name, const QS
     return control;
 }
 
+// The wheel over a combo scrolls what it stands in, unless the user is at the combo.
+class WheelGuard final : public QObject {
+  public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::Wheel || static_cast<QWidget*>(watched)->hasFocus()) {
+            return QObject::eventFilter(watched, event);
+        }
+        event->ignore();
+        return true;
+    }
+};
+
+void GuardFromWheel(QComboBox& combo) {
+    combo.setFocusPolicy(Qt::StrongFocus);  // the wheel would take the focus first
+    combo.installEventFilter(new WheelGuard(&combo));
+}
+
 }  // namespace
-
-QVBoxLayout* SetUpPanel(QWidget& panel, const char* name, const QString& title, int width,
-                        int height) {
-    Named(&panel, name)->setWindowTitle(title);
-    panel.resize(width, height);
-    return new QVBoxLayout(&panel);
-}
-
-void BringUp(QWidget& window) {
-    if (window.isMinimized()) window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
-    window.show();
-    window.raise();
-    window.activateWindow();
-}
 
 QGroupBox* AddGroup(QBoxLayout* layout, const char* name, const QString& caption) {
     auto* group = Named<QGroupBox>(new ElidedGroup(caption), name);
@@ -71,12 +79,15 @@ QHBoxLayout* AddRow(QGroupBox* group) {
 
 IssueCombo* AddIssueCombo(QBoxLayout* row, const char* name, const QString& label,
                           const char* labelName) {
-    return AddLabelled(row, new IssueCombo, name, label, labelName);
+    auto* combo = AddLabelled(row, new IssueCombo, name, label, labelName);
+    GuardFromWheel(*combo);
+    return combo;
 }
 
 QComboBox* AddCombo(QBoxLayout* row, const char* name, const QString& label,
                     std::initializer_list<const char*> entries) {
     auto* combo = AddLabelled(row, new QComboBox, name, label);
+    GuardFromWheel(*combo);
     for (const char* entry : entries) combo->addItem(QString::fromUtf8(entry));
     return combo;
 }
@@ -124,6 +135,24 @@ QPushButton* AddButton(QBoxLayout* row, const char* name, const QString& caption
 void AddEntry(QMenu& menu, const char* name, const QString& caption, std::function<void()> action) {
     QAction* entry = Named(menu.addAction(caption), name);
     QObject::connect(entry, &QAction::triggered, entry, std::move(action));
+}
+
+QPushButton* AddPeriodMenu(QBoxLayout* row, IssueCombo& start, IssueCombo& end) {
+    constexpr int kBesideText = 40;  // pixels for the frame and the arrow
+    auto* button = AddButton(row, "mnuQishu", QStringLiteral("最近"), {});
+    button->setToolTip(QStringLiteral("选择最近的期数"));
+    button->setMaximumWidth(button->fontMetrics().horizontalAdvance(button->text()) + kBesideText);
+    auto* menu = new QMenu(button);
+    const auto add = [&](const QString& caption, int draws) {
+        AddEntry(*menu, nullptr, caption, [&start, &end, draws] {
+            end.TakeEntry(0);
+            start.TakeEntry(std::min(draws, start.count()) - 1);
+        });
+    };
+    for (const int draws : {30, 50, 100}) add(QStringLiteral("近%1期").arg(draws), draws);
+    add(QStringLiteral("全部"), std::numeric_limits<int>::max());
+    button->setMenu(menu);
+    return button;
 }
 
 void SetPopup(const PanelContext& context, GridView& view, const char* name, const char* caption,

@@ -19,20 +19,11 @@ class QLineEdit;
 class QMenu;
 class QPushButton;
 class QRadioButton;
-class QVBoxLayout;
-class QWidget;
 
 namespace ssq {
 
 class GridView;
 class IssueCombo;
-
-// A panel's name, title and first size; returns the column its parts go into.
-QVBoxLayout* SetUpPanel(QWidget& panel, const char* name, const QString& title, int width,
-                        int height);
-
-// Shows the window in front of the others, also out of the task bar.
-void BringUp(QWidget& window);
 
 // A titled group at the end of `layout`, filled from top to bottom.
 QGroupBox* AddGroup(QBoxLayout* layout, const char* name, const QString& caption);
@@ -44,6 +35,9 @@ QHBoxLayout* AddRow(QGroupBox* group);
 // Labels of controls carry no name unless one is given.
 IssueCombo* AddIssueCombo(QBoxLayout* row, const char* name, const QString& label,
                           const char* labelName = nullptr);
+// A button behind a range of issues, whose menu lets the range span the newest 30, 50, 100 or all
+// draws.
+QPushButton* AddPeriodMenu(QBoxLayout* row, IssueCombo& start, IssueCombo& end);
 QComboBox* AddCombo(QBoxLayout* row, const char* name, const QString& label,
                     std::initializer_list<const char*> entries = {});
 // A combo that takes a typed number, too.

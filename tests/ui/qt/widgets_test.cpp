@@ -2,15 +2,28 @@
 #include <gtest/gtest.h>
 
 #include <QChart>
+#include <QHBoxLayout>
 #include <QImage>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 #include <csignal>
 #include <stdexcept>
 
+#include "banker/frmxxjl.h"
 #include "panel_driver/ScriptDesktop.h"
+#include "support/TestDatabase.h"
 #include "ui/qt/Application.h"
 #include "ui/qt/ElidedGroup.h"
+#include "ui/qt/GridView.h"
+#include "ui/qt/IssueCombo.h"
 #include "ui/qt/LineChart.h"
+#include "ui/qt/Panel.h"
+#include "ui/qt/form.h"
+#include "ui/qt/placing.h"
 
 namespace ssq {
 
@@ -41,6 +54,109 @@ TEST(ElidedGroup, ALongCaptionDoesNotWidenTheWindow) {
     EXPECT_GT(group.minimumSizeHint().width(), narrow);
     EXPECT_LT(group.minimumSizeHint().width(), 300);
     EXPECT_EQ(group.title().size(), 32767);
+}
+
+TEST(IssueCombos, TakeTheNewestDrawsAndLeaveTheWheelToTheirPanel) {
+    QWidget window;
+    QHBoxLayout* row = AddRow(new QVBoxLayout(&window));
+    IssueCombo* start = AddIssueCombo(row, "cboSdate", {});
+    IssueCombo* end = AddIssueCombo(row, "cboEdate", {});
+    QStringList issues;
+    for (int number = 60; number > 0; --number) issues.append(QString::number(2026000 + number));
+    for (IssueCombo* combo : {start, end}) combo->Fill(issues);
+    const QList<QAction*> spans = AddPeriodMenu(row, *start, *end)->menu()->actions();
+    const auto range = [&](int span) {
+        spans[span]->trigger();
+        return start->issue() + "-" + end->issue();
+    };
+    EXPECT_EQ(range(0), "2026031-2026060");
+    EXPECT_EQ(range(1), "2026011-2026060");
+    EXPECT_EQ(range(2), "2026001-2026060");  // there are no 100
+    EXPECT_EQ(range(3), "2026001-2026060");
+
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto turnWheel = [](QWidget* over) {
+        QWheelEvent turn({5, 5}, over->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                         Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(over, &turn);
+    };
+    start->setFocus();
+    turnWheel(end);
+    turnWheel(end->lineEdit());
+    EXPECT_EQ(end->issue(), "2026060");
+    EXPECT_TRUE(start->hasFocus());
+    end->setFocus();
+    turnWheel(end);
+    EXPECT_EQ(end->issue(), "2026059");
+}
+
+TEST(Panels, OpenWithinTheScreenAndPressTheButtonOfTheInput) {
+    struct TwoInputs final : Panel {
+        TwoInputs(const PanelContext& context, QWidget* parent, int side)
+            : Panel(context, parent, {"two", "", side, 200}) {
+            QBoxLayout* row = AddRow(new QVBoxLayout(this));
+            first = AddTextBox(row, "first", {});
+            second = AddTextBox(row, "second", {});
+            other = AddButton(row, "other", {}, [this] { pressed += "o"; });
+            SetMainButton(AddButton(row, "main", {}, [this] { pressed += "m"; }));
+            SetMainButtonOf(second, AddButton(row, "part", {}, [this] { pressed += "p"; }));
+        }
+        QWidget *first, *second, *other;
+        std::string pressed;
+    };
+    const TempFolder folder;
+    std::filesystem::create_directory(folder.path() / "manual");
+    folder.Write("manual/two.html", "page");
+    TestHost host;
+    Session session{host, folder.path()};
+    QWidget owner;
+    owner.setGeometry(100, 100, 500, 400);
+    owner.show();
+    const auto open = [&](int width) {
+        auto* panel = new TwoInputs({session, TestDesktop()}, &owner, width);
+        BringUp(*panel);
+        return panel;
+    };
+    TwoInputs* below = open(400);
+    const QPoint off = below->geometry().center() - owner.geometry().center();
+    EXPECT_LT(off.manhattanLength(), 50);
+    EXPECT_GT(open(400)->y(), below->y());
+    EXPECT_TRUE(open(5000)->isMaximized());
+
+    const std::pair<QWidget*, Qt::Key> keys[] = {{below->first, Qt::Key_Return},
+                                                 {below->second, Qt::Key_Enter},
+                                                 {below->other, Qt::Key_Return},
+                                                 {below->other, Qt::Key_F5}};
+    for (const auto& [input, key] : keys) {
+        input->setFocus();
+        QTest::keyClick(input, key);
+    }
+    EXPECT_EQ(below->pressed, "mpom");
+    QTest::keyClick(below->first, Qt::Key_F1);
+    EXPECT_EQ(TestDesktop().TakeOpened(),
+              Json::array({(folder.path() / "manual" / "two.html").string()}));
+    QTest::keyClick(below->first, Qt::Key_W, Qt::ControlModifier);
+    EXPECT_TRUE(below->isClosed());
+}
+
+TEST(LearningLog, TellsOfARestoreAtOnce) {
+    TestDatabase database;
+    database.Run(
+        "insert into xxjl(rqs,r1gs,r2gs,r3gs,r1mz,r2mz,r3mz) "
+        "values(20,'1,2','2,3','3,4',50,40,30)");
+    int told = 0;
+    PanelContext context{database.session(), TestDesktop()};
+    context.onBankerSettings = [&told] { ++told; };
+    frmxxjl log(context);
+    auto* restore = log.findChild<QPushButton*>(QStringLiteral("Command1"));
+    log.findChild<GridView*>()->Edit([](ResultGrid& grid) { grid.Select(0, 0, 0, 0); });
+    restore->click();
+    EXPECT_EQ(told, 0);
+    log.findChild<GridView*>()->Edit([](ResultGrid& grid) { grid.Select(1, 0, 1, 0); });
+    restore->click();
+    EXPECT_EQ(told, 1);
 }
 
 TEST(Application, TellsEscapedExceptionsAndEndsWhenTheSystemAsks) {
