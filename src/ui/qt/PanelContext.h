@@ -19,15 +19,12 @@ struct PanelContext {
     Desktop& desktop;
     // Puts conditions of a number filter behind those of the plan; empty in a window of its own.
     std::function<void(const std::string& conditions)> addToPlan = {};
-<<<<<<< HEAD
     // The plan as it stands in the open number filter; empty without one.
     std::function<std::string()> standingPlan = {};
     // Brings up the blind test with these settings.
     std::function<void(const ControlTexts& settings)> openBlindTest = {};
-=======
     // To be called after the settings of banker learning have changed; empty likewise.
     std::function<void()> onBankerSettings = {};
->>>>>>> main
     // What the open panels name for the next draw; null in a window of its own.
     NumbersAtHand* atHand = nullptr;
 };
