@@ -201,11 +201,15 @@ double ChanceOfBothSides(const EdgeDraws& draws, const EdgeRequest& request) {
     const int lastQ = allSources ? kFormulaDraws : request.q;
     const int firstB = allOffsets ? 1 : request.b;
     const int lastB = allOffsets ? kFormulaOffsets : request.b;
+    const bool inDrawnOrder = request.view == EdgeView::kDetail && request.drawnOrder;
     double chances = 0;
     int count = 0;
     for (int row = 1; row <= draws.count(); ++row) {
         for (int q = firstQ; q <= lastQ; ++q) {
-            const RedSet source = draws.Before(row, q).set;
+            RedSet source = draws.Before(row, q).set;
+            // A row without its drawn order names no numbers and hits none.
+            if (inDrawnOrder && (draws.Before(row, q).drawn.empty() || draws.At(row).drawn.empty()))
+                source = {};
             for (int b = firstB; b <= lastB; ++b, ++count) {
                 chances += ChanceOfAnyHit((source.Lowered(b) | source.Raised(b)).Count());
             }

@@ -34,10 +34,11 @@ namespace ssq {
 namespace {
 
 constexpr const char* kAll = "全部";
-constexpr int kHundredDraws = 1;  // entry of cboN
+constexpr int kHundredDraws = 1;   // entry of cboN
+constexpr int kUpperHeight = 420;  // pixels, where the panel has its own size
+constexpr int kLowerHeight = 200;
 constexpr const char* kStart = "开始盲测";
 constexpr const char* kStop = "停止";
-constexpr std::int64_t kLongestWindow = 100'000;  // draws; more than there will ever be
 
 // The alternatives of TrialMethod.
 enum MethodIndex { kBankers, kKills, kRedWrap, kBlueWrap, kSingle, kHeat, kOwn, kPlan };
@@ -167,7 +168,8 @@ void frmMangCe::BuildResults(QBoxLayout* column) {
     auto* upper = new QWidget;
     auto* texts = new QVBoxLayout(upper);
     texts->setContentsMargins(0, 0, 0, 0);
-    lblJieGuo_ = AddLabel(AddRow(texts), "lblJieGuo", {});
+    texts->addWidget(lblJieGuo_ = new QLabel);
+    lblJieGuo_->setObjectName(QStringLiteral("lblJieGuo"));
     lblJieGuo_->setTextFormat(Qt::PlainText);
     lblJieGuo_->setWordWrap(true);
     lblJieGuo_->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -189,14 +191,18 @@ void frmMangCe::BuildResults(QBoxLayout* column) {
               {"m_mangce_dc", "导出", [this] { SaveGridAsExcel(context(), *vs1_); }}},
              [this] { return vs1_->grid().rows() >= 2; });
     halves->addWidget(lower);
-    halves->setStretchFactor(0, 3);
-    halves->setStretchFactor(1, 2);
+    halves->setStretchFactor(0, 2);
+    halves->setStretchFactor(1, 1);
+    halves->setSizes({kUpperHeight, kLowerHeight});
 }
 
 // A store that cannot be read is told of once.
 void frmMangCe::LoadDefaults() {
-    const KillProposal proposal = DefaultKillSettings(1);
+    constexpr int kTwelveKills = 1;
+    const KillProposal proposal = DefaultKillSettings(kTwelveKills);
     periods_[kKills] = QString::number(kDefaultKillDraws);
+    cboSmGs_->setCurrentIndex(kTwelveKills);
+    cboycGs_->setCurrentIndex(proposal.rcSelected);
     txtGL_->setText(Qs(proposal.rateText));
     const auto bankers = ReadBankerSettings(session());
     if (!bankers) return;
@@ -270,11 +276,13 @@ bool frmMangCe::Refuse(const std::string& fault) const {
 std::optional<int> frmMangCe::Window() const {
     const std::string text = Trim(cboFxqs_->currentText().toStdString());
     if (text == kAll) return kAllDraws;
-    if (!IsNumeric(text) || WholePart(text) < 1 || WholePart(text) > kLongestWindow) {
+    const std::int64_t draws = IsNumeric(text) ? WholePart(text) : 0;
+    // 0 stands for all of them elsewhere.
+    if (draws < 1) {
         Refuse("分析期数填写错误！");
         return std::nullopt;
     }
-    return static_cast<int>(WholePart(text));
+    return ToInt(draws);
 }
 
 FormulaTarget frmMangCe::Target() const {
@@ -294,9 +302,8 @@ std::optional<TrialMethod> frmMangCe::Kills() const {
     const std::string periods = TextOf(*txtXXQS_);
     const std::string rate = TextOf(*txtGL_);
     if (Refuse(KillSettingsFault(periods, rate, dmgs))) return std::nullopt;
-    return KillSettings{static_cast<int>(WholePart(periods)), dmgs,
-                        std::max(cboycGs_->currentIndex(), 0),
-                        static_cast<double>(WholePart(rate))};
+    return KillSettings{ToInt(WholePart(periods)), dmgs, std::max(cboycGs_->currentIndex(), 0),
+                        ParseNumber(rate).value_or(0)};
 }
 
 std::optional<TrialMethod> frmMangCe::SingleFormula() const {
@@ -310,11 +317,11 @@ std::optional<TrialMethod> frmMangCe::Heat() const {
     const auto window = Window();
     if (!window) return std::nullopt;
     const std::string numbers = TextOf(*txtK_);
-    if (!IsNumeric(numbers) || WholePart(numbers) < 1 || WholePart(numbers) > kReds) {
-        Refuse("号码个数应该是1到33！");
+    if (!IsNumeric(numbers)) {
+        Refuse("号码个数只能为数字！");
         return std::nullopt;
     }
-    return HeatTrial{*window, static_cast<int>(WholePart(numbers)), optLeng_->isChecked()};
+    return HeatTrial{*window, ToInt(WholePart(numbers)), optLeng_->isChecked()};
 }
 
 std::optional<TrialMethod> frmMangCe::OwnFormulas() const {
@@ -325,15 +332,6 @@ std::optional<TrialMethod> frmMangCe::OwnFormulas() const {
     if (!formulas) return std::nullopt;
     return OwnFormulasTrial{*formulas, Target(), ParseNumber(low).value_or(0),
                             ParseNumber(high).value_or(0)};
-}
-
-std::optional<TrialMethod> frmMangCe::Plan() const {
-    const std::string plan = StandingPlan();
-    if (plan.empty()) {
-        Refuse("选号台里还没有方案，请先打开选号台，写好方案！");
-        return std::nullopt;
-    }
-    return PlanTrial{plan};
 }
 
 std::optional<TrialMethod> frmMangCe::Method() const {
@@ -353,7 +351,7 @@ std::optional<TrialMethod> frmMangCe::Method() const {
         case kOwn:
             return OwnFormulas();
         default:
-            return Plan();
+            return PlanTrial{StandingPlan()};
     }
 }
 
@@ -376,19 +374,25 @@ void frmMangCe::StartOrStop() {
     ShowSources();
     const auto settings = Settings();
     if (!settings) return;
-    isRunning_ = true;
-    start_->setText(QString::fromUtf8(kStop));
+    // Also after an exception in mid-run.
+    struct Running {
+        explicit Running(frmMangCe& panel) : panel_(panel) { Set(true); }
+        ~Running() { Set(false); }
+        void Set(bool on) {
+            panel_.isRunning_ = on;
+            panel_.start_->setText(QString::fromUtf8(on ? kStop : kStart));
+            if (!on) panel_.progress_->End();
+        }
+        frmMangCe& panel_;
+    };
+    const Running running(*this);
     Perform({.strip = progress_}, [&](Run& run) { return Test(*settings, run); });
-    isRunning_ = false;
-    start_->setText(QString::fromUtf8(kStart));
 }
 
 bool frmMangCe::Test(const TrialSettings& settings, Run& run) {
     auto result = RunBlindTest(session(), settings, run);
     if (!result || !run.goesOn()) return false;
-    if (std::ranges::find(tested_, settings.method) == tested_.end()) {
-        tested_.push_back(settings.method);
-    }
+    if (std::ranges::find(tested_, settings) == tested_.end()) tested_.push_back(settings);
     ShowResult(std::move(*result));
     return true;
 }

@@ -51,7 +51,6 @@ class frmMangCe final : public Panel {
     std::optional<TrialMethod> SingleFormula() const;
     std::optional<TrialMethod> Heat() const;
     std::optional<TrialMethod> OwnFormulas() const;
-    std::optional<TrialMethod> Plan() const;
     std::optional<int> Window() const;
     // Tells of a fault and answers whether there is one.
     bool Refuse(const std::string& fault) const;
@@ -93,8 +92,8 @@ class frmMangCe final : public Panel {
     GridView* vs1_;
     bool isRunning_ = false;
     int shownMethod_ = -1;
-    std::map<int, QString> periods_;   // learning draws by method
-    std::vector<TrialMethod> tested_;  // different settings, since the panel was opened
+    std::map<int, QString> periods_;     // learning draws by method
+    std::vector<TrialSettings> tested_;  // different ones, since the panel was opened
 };
 
 }  // namespace ssq

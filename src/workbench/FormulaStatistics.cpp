@@ -90,7 +90,7 @@ std::string Remark(const FormulaCondition& condition, int draws) {
     }
     return "机会线：任意 6 个号码，命中" + condition.comparison + std::to_string(condition.reds) +
            " 的机会是 " + InPercent(chance) + "；" + std::to_string(kFormulaCount) +
-           "条里最好的一条，靠运气也有 " +
+           " 条里最好的一条，靠运气也有 " +
            InPercent(BestRateByLuck(kFormulaCount, draws, chance) / 100) + "。";
 }
 

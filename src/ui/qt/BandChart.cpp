@@ -24,6 +24,11 @@ constexpr std::size_t kColours = 4;
 constexpr std::array<QRgb, kColours> kOnLight = {0xFF1F7A8C, 0xFFC0512D, 0xFF6A4FB0, 0xFF4F7A28};
 constexpr std::array<QRgb, kColours> kOnDark = {0xFF62C3D3, 0xFFF0926E, 0xFFB7A3F0, 0xFFA5CC77};
 
+// How much of its colour a band has on the ground.
+constexpr double kFill = 0.3;
+constexpr int kFillAlpha = 70;
+constexpr double kEdge = 0.5;
+
 constexpr int kDarkLightness = 128;  // of 255; the ground below it is dark
 constexpr double kRoom = 1.1;        // of the value axis above the highest point
 constexpr int kSteps = 4;            // about so many parts of an axis
@@ -56,8 +61,6 @@ struct BandChart::Look {
     QColor ground;
     QColor text;
     QColor gridLine;
-    QColor bandFill;
-    QColor bandEdge;
     const std::array<QRgb, kColours>* tracks = nullptr;
 
     QColor Track(std::size_t index) const { return QColor::fromRgb((*tracks)[index % kColours]); }
@@ -76,7 +79,7 @@ BandChart::BandChart(QWidget* parent)
     drawAxis_->setLabelFormat(QStringLiteral("%.0f"));
     for (QValueAxis* axis : {drawAxis_, valueAxis_}) axis->setTickType(QValueAxis::TicksDynamic);
     setRenderHint(QPainter::Antialiasing);
-    setMinimumHeight(150);
+    setMinimumHeight(170);
     Draw();
 }
 
@@ -112,14 +115,10 @@ BandChart::Look BandChart::LookOf() const {
     const QColor ground = palette().color(QPalette::Base);
     const QColor text = palette().color(QPalette::Text);
     const bool isDark = ground.lightness() < kDarkLightness;
-    Look look{.ground = ground,
-              .text = text,
-              .gridLine = Mixed(ground, text, 0.14),
-              .bandFill = Mixed(ground, text, 0.30),
-              .bandEdge = Mixed(ground, text, 0.45),
-              .tracks = isDark ? &kOnDark : &kOnLight};
-    look.bandFill.setAlpha(70);
-    return look;
+    return {.ground = ground,
+            .text = text,
+            .gridLine = Mixed(ground, text, 0.14),
+            .tracks = isDark ? &kOnDark : &kOnLight};
 }
 
 void BandChart::Draw() {
@@ -136,22 +135,23 @@ void BandChart::Draw() {
         axis->setTitleBrush(look.text);
         axis->setLinePen(look.gridLine);
         axis->setGridLinePen(look.gridLine);
+        axis->setVisible(!data_.labels.empty());
     }
     valueAxis_->setTitleText(valueTitle());
-    drawAxis_->setTitleText(QStringLiteral("判定的期数"));
     setAccessibleName(valueTitle());
-    bool isFirst = true;
+    const bool isOne = HasOneBand();
+    std::size_t index = 0;
     for (const BandTrack& track : data_.tracks) {
-        DrawBand(track, look, isFirst);
-        isFirst = false;
+        DrawBand(track, look, isOne ? look.text : look.Track(index), index == 0);
+        ++index;
     }
     // With the chance lines taken off, all of them are the same line.
-    isFirst = true;
+    bool isFirst = true;
     for (const BandTrack& track : data_.tracks) {
         if (isFirst || scores_) DrawChanceLine(track, look, isFirst);
         isFirst = false;
     }
-    std::size_t index = 0;
+    index = 0;
     for (const BandTrack& track : data_.tracks) DrawTrack(track, look.Track(index++));
     FitAxes();
 }
@@ -164,7 +164,17 @@ void BandChart::Put(QAbstractSeries* series, bool isNamed) {
     for (QLegendMarker* marker : markers) marker->setVisible(isNamed);
 }
 
-void BandChart::DrawBand(const BandTrack& track, const Look& look, bool isNamed) {
+// The tracks' bands nearly coincide: the same line is inside all of them or none.
+bool BandChart::HasOneBand() const {
+    constexpr double kNearly = 0.05;
+    if (data_.labels.empty()) return true;
+    const auto reach = [](const BandTrack& track) { return track.reach.back(); };
+    const auto [least, most] = std::ranges::minmax(data_.tracks, {}, reach);
+    return reach(least) >= reach(most) * (1 - kNearly);
+}
+
+void BandChart::DrawBand(const BandTrack& track, const Look& look, const QColor& colour,
+                         bool isNamed) {
     QList<QPointF> upper;
     QList<QPointF> lower;
     for (std::size_t draws = 0; draws <= track.score.size(); ++draws) {
@@ -178,8 +188,10 @@ void BandChart::DrawBand(const BandTrack& track, const Look& look, bool isNamed)
     band->upperSeries()->replace(upper);
     band->lowerSeries()->replace(lower);
     band->setName(QStringLiteral("95%运气范围"));
-    band->setBrush(look.bandFill);
-    band->setPen(QPen(look.bandEdge, 1));
+    QColor fill = Mixed(look.ground, colour, kFill);
+    fill.setAlpha(kFillAlpha);
+    band->setBrush(fill);
+    band->setPen(QPen(Mixed(look.ground, colour, kEdge), 1));
     Put(band, isNamed);
 }
 

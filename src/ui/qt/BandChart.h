@@ -51,7 +51,8 @@ class BandChart final : public QChartView {
 
     Look LookOf() const;
     void Draw();
-    void DrawBand(const BandTrack& track, const Look& look, bool isNamed);
+    bool HasOneBand() const;
+    void DrawBand(const BandTrack& track, const Look& look, const QColor& colour, bool isNamed);
     void DrawChanceLine(const BandTrack& track, const Look& look, bool isNamed);
     void DrawTrack(const BandTrack& track, const QColor& colour);
     void Put(QAbstractSeries* series, bool isNamed);
