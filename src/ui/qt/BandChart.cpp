@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <span>
 
 #include "base/numbers.h"
 #include "ui/qt/PanelContext.h"
@@ -61,6 +62,7 @@ struct BandChart::Look {
     QColor ground;
     QColor text;
     QColor gridLine;
+    QColor band;  // of tracks that share it
     const std::array<QRgb, kColours>* tracks = nullptr;
 
     QColor Track(std::size_t index) const { return QColor::fromRgb((*tracks)[index % kColours]); }
@@ -118,6 +120,7 @@ BandChart::Look BandChart::LookOf() const {
     return {.ground = ground,
             .text = text,
             .gridLine = Mixed(ground, text, 0.14),
+            .band = palette().color(QPalette::Highlight),
             .tracks = isDark ? &kOnDark : &kOnLight};
 }
 
@@ -142,7 +145,7 @@ void BandChart::Draw() {
     const bool isOne = HasOneBand();
     std::size_t index = 0;
     for (const BandTrack& track : data_.tracks) {
-        DrawBand(track, look, isOne ? look.text : look.Track(index), index == 0);
+        DrawBand(track, look, isOne ? look.band : look.Track(index), index == 0);
         ++index;
     }
     // With the chance lines taken off, all of them are the same line.
@@ -152,7 +155,12 @@ void BandChart::Draw() {
         isFirst = false;
     }
     index = 0;
-    for (const BandTrack& track : data_.tracks) DrawTrack(track, look.Track(index++));
+    for (const BandTrack& track : data_.tracks) {
+        const auto earlier = std::span(data_.tracks).first(index);
+        const bool isCovering =
+            std::ranges::find(earlier, track.score, &BandTrack::score) != earlier.end();
+        DrawTrack(track, look.Track(index++), isCovering);
+    }
     FitAxes();
 }
 
@@ -205,7 +213,7 @@ void BandChart::DrawChanceLine(const BandTrack& track, const Look& look, bool is
     Put(line, isNamed);
 }
 
-void BandChart::DrawTrack(const BandTrack& track, const QColor& colour) {
+void BandChart::DrawTrack(const BandTrack& track, const QColor& colour, bool isCovering) {
     auto* line = new QLineSeries;
     QList<QPointF> points;
     for (std::size_t draws = 0; draws <= track.score.size(); ++draws) {
@@ -213,7 +221,7 @@ void BandChart::DrawTrack(const BandTrack& track, const QColor& colour) {
     }
     line->replace(points);
     line->setName(Qs(track.name));
-    line->setPen(QPen(colour, 2));
+    line->setPen(QPen(colour, 2, isCovering ? Qt::DashLine : Qt::SolidLine));
     Put(line, true);
 }
 

@@ -54,7 +54,8 @@ class BandChart final : public QChartView {
     bool HasOneBand() const;
     void DrawBand(const BandTrack& track, const Look& look, const QColor& colour, bool isNamed);
     void DrawChanceLine(const BandTrack& track, const Look& look, bool isNamed);
-    void DrawTrack(const BandTrack& track, const QColor& colour);
+    // `isCovering`: an earlier track has the same line, which shall be seen, too.
+    void DrawTrack(const BandTrack& track, const QColor& colour, bool isCovering);
     void Put(QAbstractSeries* series, bool isNamed);
     void FitAxes();
     QString TipAt(const QPoint& place) const;
