@@ -16,6 +16,7 @@ class QVBoxLayout;
 
 namespace ssq {
 
+class ChanceRemark;
 class GridView;
 class IssueCombo;
 class PanelRegistry;
@@ -60,6 +61,7 @@ class frmMain final : public QMainWindow {
     QPushButton* recommendButton_ = nullptr;
     QGroupBox* resultGroup_ = nullptr;
     GridView* vs1_ = nullptr;
+    ChanceRemark* remark_ = nullptr;
     ProgressStrip* progress_ = nullptr;
     QPushButton* updateAll_ = nullptr;
     QLabel* statusPanels_[3] = {};
