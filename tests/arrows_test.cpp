@@ -18,12 +18,13 @@ Folders operator+(Folders a, const Folders& b) {
     return a;
 }
 
-const Folders kGround{"base", "ui", "store", "draws", "formulas"};
+const Folders kGround{"base", "chance", "ui", "store", "draws", "formulas"};
 // Panels live beside their analyses; the linker keeps the toolkit out of the analyses themselves.
 const Folders kAnalysis = kGround + Folders{"ui/qt"};
 
 const std::map<std::string, Folders> kAllowed = {
     {"base", {}},
+    {"chance", {"base"}},
     {"ui", {"base"}},
     {"ui/xls", {"base", "ui"}},
     {"ui/qt", {"base", "ui", "ui/xls", "store", "draws"}},
@@ -43,9 +44,11 @@ const std::map<std::string, Folders> kAllowed = {
     {"tools", kAnalysis},
     {"workbench", kAnalysis},
     {"wrap", kAnalysis},
+    // The blind test replays the methods of the others, each by the function its own panel calls.
+    {"trial", kAnalysis + Folders{"banker", "bets", "kill", "stats", "tools", "workbench", "wrap"}},
     // The shell opens the panels and runs the commands of the menu.
     {"app", kAnalysis + Folders{"acquire", "banker", "bets", "charts", "history", "kill", "stats",
-                                "tools", "workbench", "wrap"}},
+                                "tools", "trial", "workbench", "wrap"}},
 };
 
 // "store" of the line that includes "store/SqlConn.h"; empty for any other line.

@@ -44,6 +44,9 @@ std::optional<std::vector<ScoredFormula>> GoodFormulas(std::span<const DrawBalls
 // The `count` formulas of the highest rates, those of equal rate in their order.
 std::vector<ScoredFormula> BestOf(std::span<const ScoredFormula> formulas, int count);
 
+// The rate that makes a formula of so many positions (1 to kMostBankers) good, percent.
+double GoodRate(int dmgs);
+
 // BestOf the GoodFormulas, fewer where not so many are good; none unless CanLearn.
 std::vector<ScoredFormula> BestFormulas(std::span<const DrawBalls> before,
                                         const BankerSettings& settings, int count);

@@ -20,8 +20,9 @@ std::optional<int> ReadSetting(Session& session, const std::string& column) {
     return ToInt(rows.Int(0));
 }
 
-// What is wrong with the settings; empty when nothing is.
-std::string Fault(const std::string& periods, int dmgs) {
+}  // namespace
+
+std::string BankerSettingsFault(const std::string& periods, int dmgs) {
     if (!IsNumeric(periods)) return "必须为数字！";
     if (CharacterCount(periods) > kMostDigits || WholePart(periods) > kMostLearnPeriods) {
         return "期数不能超过100期！";
@@ -29,8 +30,6 @@ std::string Fault(const std::string& periods, int dmgs) {
     if (WholePart(periods) < kLeastPeriods) return "期数不能小于5期！";
     return dmgs >= 1 && dmgs <= kMostBankers ? "" : "请选择胆码个数！";
 }
-
-}  // namespace
 
 std::optional<int> GetLearnPeriods(Session& session) {
     return ReadSetting(session, "xxqs");
@@ -56,7 +55,7 @@ std::string LearningModeText(const std::optional<BankerSettings>& settings) {
 
 bool SaveBankerSettings(Session& session, std::string_view periodsText, int dmgs) {
     const std::string periods = Trim(periodsText);
-    if (const std::string fault = Fault(periods, dmgs); !fault.empty()) {
+    if (const std::string fault = BankerSettingsFault(periods, dmgs); !fault.empty()) {
         session.host.ShowMessage(fault);
         return false;
     }

@@ -15,6 +15,8 @@ inline constexpr int kMostBankers = 5;
 struct BankerSettings {
     int xxqs = 0;  // draws to learn on
     int dmgs = 0;  // bankers in a group
+
+    bool operator==(const BankerSettings&) const = default;
 };
 
 // One setting; 0 when there is no row, nothing after showing the store's error text.
@@ -27,8 +29,12 @@ std::optional<BankerSettings> ReadBankerSettings(Session& session);
 // What the status bar says of them, with gaps for settings that could not be read.
 std::string LearningModeText(const std::optional<BankerSettings>& settings);
 
-// Checks the text of the number of draws (5 to 100) and stores its whole part with the number of
-// bankers. False when a check or the store refused them; the user has been told.
+// What is wrong with the trimmed text of the number of draws (5 to 100) or the number of bankers,
+// as the user is told; empty when nothing is.
+std::string BankerSettingsFault(const std::string& periods, int dmgs);
+
+// Checks the text of the number of draws and stores its whole part with the number of bankers.
+// False when a check or the store refused them; the user has been told.
 bool SaveBankerSettings(Session& session, std::string_view periodsText, int dmgs);
 
 }  // namespace ssq

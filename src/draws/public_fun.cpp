@@ -60,6 +60,16 @@ bool ReadIssues(Session& session, std::vector<std::string>& newestFirst) {
     return true;
 }
 
+std::optional<std::int32_t> IssueAfter(std::string_view issue, std::string_view date) {
+    const auto drawn = ParseDate(date);
+    if (!drawn || !IsIssueText(issue)) return std::nullopt;
+    const Date reached = AddDays(*drawn, StepAfter(Weekday(*drawn)));
+    const auto number = static_cast<std::int32_t>(WholePart(issue));
+    constexpr std::int32_t kIssuesPerYear = 1000;
+    return reached.year() == drawn->year() ? number + 1
+                                           : (number / kIssuesPerYear + 1) * kIssuesPerYear + 1;
+}
+
 std::int32_t NextIssue(Session& session, const std::string& issue) {
     if (!IsIssueText(issue)) {
         session.host.ShowMessage("期号填写错误！");
@@ -67,16 +77,11 @@ std::int32_t NextIssue(Session& session, const std::string& issue) {
     }
     Recordset rows;
     if (!QueryOrTell(session, "select kjdate from cphm where kjqh=" + issue, rows)) return 0;
-    const auto drawn = ParseDate(rows.Text(0));
-    if (!drawn) {
+    const auto next = IssueAfter(issue, rows.Text(0));
+    if (!next) {
         session.host.ShowMessage(rows.eof() ? "期号填写错误！" : "没有" + issue + "期的开奖日期！");
-        return 0;
     }
-    const Date reached = AddDays(*drawn, StepAfter(Weekday(*drawn)));
-    const auto number = static_cast<std::int32_t>(WholePart(issue));
-    constexpr std::int32_t kIssuesPerYear = 1000;
-    return reached.year() == drawn->year() ? number + 1
-                                           : (number / kIssuesPerYear + 1) * kIssuesPerYear + 1;
+    return next.value_or(0);
 }
 
 std::int32_t NextIssueDraw(Session& session, const std::string& issue, std::string& drawText) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,6 +33,9 @@ void RefreshLatestIssue(Session& session);
 
 // All issues, newest first. False after showing the error text.
 bool ReadIssues(Session& session, std::vector<std::string>& newestFirst);
+
+// The issue after `issue`, drawn on `date` as stored; nothing where either is none.
+std::optional<std::int32_t> IssueAfter(std::string_view issue, std::string_view date);
 
 // The issue after `issue`, which must be a row of cphm. 0 after a failure, which has been shown.
 std::int32_t NextIssue(Session& session, const std::string& issue);

@@ -17,8 +17,9 @@ namespace {
 constexpr int kLowestRate = 10;
 constexpr int kHighestRate = 100;
 
-// What is wrong with the trimmed texts; empty when nothing is.
-std::string Fault(const std::string& xxqs, const std::string& rate, int dmgs) {
+}  // namespace
+
+std::string KillSettingsFault(const std::string& xxqs, const std::string& rate, int dmgs) {
     if (!IsNumeric(xxqs)) return "学习期数只能为数字！";
     if (!IsNumeric(rate)) return "杀对概率只能为数字！";
     if (WholePart(rate) > kHighestRate || WholePart(rate) < kLowestRate) {
@@ -29,8 +30,6 @@ std::string Fault(const std::string& xxqs, const std::string& rate, int dmgs) {
     }
     return dmgs >= 0 && dmgs < kLargestKillSet ? "" : "请选择杀码个数！";
 }
-
-}  // namespace
 
 std::optional<KillSettings> ReadKillSettings(Session& session) {
     Recordset rows;
@@ -51,7 +50,7 @@ std::optional<KillSettings> ReadKillSettingsOrTell(Session& session) {
 bool SaveKillSettings(Session& session, const KillSettingsInput& input) {
     const std::string xxqs = Trim(input.xxqs);
     const std::string rate = Trim(input.rate);
-    if (const std::string fault = Fault(xxqs, rate, input.dmgs); !fault.empty()) {
+    if (const std::string fault = KillSettingsFault(xxqs, rate, input.dmgs); !fault.empty()) {
         session.host.ShowMessage(fault);
         return false;
     }

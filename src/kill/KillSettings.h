@@ -13,6 +13,8 @@ struct KillSettings {
     int dmgs = 0;        // formulas in a set minus 1: 0 to 3 for 6, 12, 18 or 24 kills
     int rc = 0;          // formulas of the set that may each have one hit on a draw that passes
     double setRate = 0;  // lowest acceptable rate, percent
+
+    bool operator==(const KillSettings&) const = default;
 };
 
 // Empty when there is no row, or after showing the store's error text.
@@ -30,9 +32,13 @@ struct KillSettingsInput {
     int rc = 0;  // position in the list of tolerances, which counts when `tolerant`
 };
 
-// Checks the number of draws (its whole part is at least 1) and the rate (10 to 100), and stores
-// the whole parts with the positions. False when a check or the store refused them; the user has
-// been told.
+// What is wrong with the trimmed texts of the number of draws (its whole part is at least 1) and of
+// the rate (10 to 100), or with the position of the size, as the user is told; empty when nothing
+// is.
+std::string KillSettingsFault(const std::string& xxqs, const std::string& rate, int dmgs);
+
+// Checks them and stores the whole parts with the positions. False when a check or the store
+// refused them; the user has been told.
 bool SaveKillSettings(Session& session, const KillSettingsInput& input);
 
 // What the dialog shows for a kill size.

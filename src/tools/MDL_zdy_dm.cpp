@@ -109,8 +109,7 @@ struct TestLog {
 
 void Judge(const Draw& draw, const FormulaTest& test, TestLog& log) {
     const std::string shown = TargetText(draw, test.target);
-    int hits = 0;
-    CountCommonBalls(shown, log.prediction, 0, 0, hits);
+    const int hits = FormulaHits(draw, log.prediction, test.target);
     const bool isRight =
         hits >= ParseNumber(test.low).value_or(0) && hits <= ParseNumber(test.high).value_or(0);
     if (isRight) ++log.right;
@@ -203,6 +202,12 @@ std::optional<std::string> EvaluateFormulas(const Draw& draw,
     if (!list.empty()) list.pop_back();
     ReplaceIn(list, "00", "10");
     return target == FormulaTarget::kTail && list == "10" ? "00" : list;
+}
+
+int FormulaHits(const Draw& draw, const std::string& values, FormulaTarget target) {
+    int hits = 0;
+    CountCommonBalls(TargetText(draw, target), values, 0, 0, hits);
+    return hits;
 }
 
 std::optional<std::string> TestFormulas(Session& session, const FormulaTest& test, Run& run) {

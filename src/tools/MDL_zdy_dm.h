@@ -29,6 +29,9 @@ std::optional<std::string> EvaluateFormulas(const Draw& draw,
                                             const std::vector<std::string>& formulas,
                                             FormulaTarget target, std::string& errorText);
 
+// How many of the values are in the draw; one that stands twice counts twice.
+int FormulaHits(const Draw& draw, const std::string& values, FormulaTarget target);
+
 // The draws of a stretch on which to test the stored formulas, and how many hits count as right:
 // texts that have passed CheckPeriod and CheckRange.
 struct FormulaTest {

@@ -1,7 +1,6 @@
 #include "workbench/FormulaStatistics.h"
 
 #include <algorithm>
-#include <bitset>
 #include <cstdlib>
 #include <variant>
 #include <vector>
@@ -19,9 +18,8 @@ namespace {
 
 constexpr int kHeaderHeight = 400;
 constexpr int kRowHeight = 300;
-constexpr int kLevels = 7;  // a formula names six numbers, so it hits 0 to 6
+constexpr int kLevels = kRedsInDraw + 1;
 
-using HitLevels = std::bitset<kLevels>;
 using AllStats = std::array<FormulaStats, kFormulaCount>;
 
 bool Compare(const std::string& comparison, int left, int right) {
@@ -30,15 +28,6 @@ bool Compare(const std::string& comparison, int left, int right) {
     if (comparison == "=") return left == right;
     if (comparison == ">") return left > right;
     return comparison == "<" && left < right;
-}
-
-HitLevels LevelsMeeting(const FormulaCondition& condition) {
-    HitLevels levels;
-    for (int level = 0; level < kLevels; ++level) {
-        levels[static_cast<std::size_t>(level)] =
-            Compare(condition.comparison, level, condition.reds);
-    }
-    return levels;
 }
 
 // One query for all formulas: the rows are the same for each.
@@ -101,6 +90,15 @@ bool BringEdgeTableLevel(Session& session, const Run& run) {
 }
 
 }  // namespace
+
+HitLevels LevelsMeeting(const FormulaCondition& condition) {
+    HitLevels levels;
+    for (int level = 0; level < kLevels; ++level) {
+        levels[static_cast<std::size_t>(level)] =
+            Compare(condition.comparison, level, condition.reds);
+    }
+    return levels;
+}
 
 void FormulaStats::Hit(int qid) {
     const int distance = qid - lastQid;

@@ -3,10 +3,12 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "draws/Draw.h"
 #include "formulas/BMHZ.h"
 #include "ui/ResultGrid.h"
 
@@ -21,7 +23,13 @@ inline constexpr std::array kComparisons = {"<=", ">=", "=", ">", "<"};
 struct FormulaCondition {
     std::string comparison;  // one of kComparisons
     int reds = 0;
+
+    bool operator==(const FormulaCondition&) const = default;
 };
+
+// For each number of drawn reds whether it meets the condition.
+using HitLevels = std::bitset<kRedsInDraw + 1>;
+HitLevels LevelsMeeting(const FormulaCondition& condition);
 
 // The walk over the hits of one formula, oldest first. Positions (qid) count the draws from 1.
 struct FormulaStats {

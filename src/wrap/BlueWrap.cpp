@@ -1,7 +1,6 @@
 #include "wrap/BlueWrap.h"
 
 #include <cstdlib>
-#include <vector>
 
 #include "base/numbers.h"
 #include "base/text.h"
@@ -15,7 +14,6 @@ namespace ssq {
 namespace {
 
 constexpr int kReach = 3;  // neighbours on each side
-constexpr int kDrawsBefore = 4;
 constexpr int kFirstItemCol = 2;
 constexpr int kItems = 9;  // items shown
 constexpr int kVerdictCol = kFirstItemCol + kItems;
@@ -46,12 +44,11 @@ ResultGrid EmptyGrid(int draws) {
     return MakeGrid(columns, draws + 2, 1, 2, 300);
 }
 
-// Writes the first nine items of the wrap; answers whether `blue` is among them.
+// Writes the wrap; answers whether `blue` is among them.
 bool WriteWrap(ResultGrid& grid, int row, const BlueWrapResult& wrap, const std::string& blue) {
     bool isHit = false;
     int col = kFirstItemCol;
-    for (std::string& item : Split(wrap.text, ",")) {
-        if (col == kVerdictCol) break;
+    for (std::string& item : ShownItems(wrap)) {
         if (item == blue) {
             grid.SetBack(row, col, kRepeatMark);
             isHit = true;
@@ -77,20 +74,26 @@ BlueWrapResult BlueWrap(int a, int b, int c, int d) {
     return {isNear ? list : Complement(list), isNear};
 }
 
+std::vector<std::string> ShownItems(const BlueWrapResult& wrap) {
+    std::vector<std::string> items = Split(wrap.text, ",");
+    if (items.size() > kItems) items.resize(kItems);
+    return items;
+}
+
 std::optional<GridReport> BuildBlueWrap(Session& session, const PeriodRange& range) {
     const auto refuse = [&session] {
         session.host.ShowMessage("数据不足！");
         return std::nullopt;
     };
     if (!CheckPeriod(session, range)) return std::nullopt;
-    if (WholePart(range.end) - WholePart(range.start) < kDrawsBefore - 1) return refuse();
-    const auto earlier = ReadDrawsBefore(session, range.start, kDrawsBefore);
+    if (WholePart(range.end) - WholePart(range.start) < kDrawsInBlueWrap - 1) return refuse();
+    const auto earlier = ReadDrawsBefore(session, range.start, kDrawsInBlueWrap);
     if (!earlier) return std::nullopt;
-    if (earlier->size() < kDrawsBefore) return refuse();
+    if (earlier->size() < kDrawsInBlueWrap) return refuse();
     const auto draws = ReadDraws(session, range);
     if (!draws) return std::nullopt;
     // The issues of a range over a new year differ by more than its draws.
-    if (draws->size() < kDrawsBefore) return refuse();
+    if (draws->size() < kDrawsInBlueWrap) return refuse();
     const std::int32_t next = NextIssue(session, range.end);
     if (next == 0) return std::nullopt;
 

@@ -166,6 +166,14 @@ std::vector<int> RedWrap(const std::array<PairSet, kWrapDepth>& missed) {
     return list.Take();
 }
 
+std::vector<int> RedWrapAfter(std::span<const RedSet> before) {
+    std::array<PairSet, kWrapDepth> missed;
+    for (std::size_t k = 0; k < kWrapDepth; ++k) missed[k] = MissedPairs(before[k]);
+    std::vector<int> wrap = RedWrap(missed);
+    if (wrap.size() > kWrapSize) wrap.resize(kWrapSize);
+    return wrap;
+}
+
 std::optional<GridReport> BuildRedWrap(Session& session, const PeriodRange& range, Run& run) {
     const auto refuse = [&session](const char* text) {
         session.host.ShowMessage(text);

@@ -4,6 +4,7 @@
 #include <array>
 #include <bitset>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "base/RedSet.h"
@@ -30,6 +31,10 @@ PairSet MissedPairs(RedSet draw);
 // not shown. A pair heads a diagonal of length n when its neighbours one step further for each draw
 // further back were missed by n draws in a row; diagonals count from length 5, longest first.
 std::vector<int> RedWrap(const std::array<PairSet, kWrapDepth>& missed);
+
+// The kWrapSize numbers, or fewer, that are shown for the draw behind the draws `before` (newest
+// first, at least kWrapDepth).
+std::vector<int> RedWrapAfter(std::span<const RedSet> before);
 
 // The wraps of the range and of the next issue. Nothing after telling the user why, or when the run
 // was ended.
