@@ -186,11 +186,6 @@ bool EndAtPage(Session& session, const LocalDraw& local, const Harvest& harvest)
     return false;
 }
 
-// The newest issue of the site, as its first page has it; empty after the box of CutBetween.
-std::string LatestOnlineIssue(Session& session, PageSource& site) {
-    return CutBetween(session.host, "qishu=", "\"", ListPage(site, 1));
-}
-
 // Walks the list's pages, newest first, to the first issue not above the local one or to the first
 // draw of the game. False when the harvest is not to be used: the user has been told, or the run is
 // over. All values have been checked.
@@ -244,7 +239,9 @@ void TellOfIssue(Session& session, const PageSource& site, const std::string& on
 UpdateResult UpdateDraws(Session& session, Run& run, int& written) {
     PageSource site(session, run, session.deployment.resultsHost);
     run.Tell("正在读取开奖列表…");
-    const std::string online = Trim(LatestOnlineIssue(session, site));
+    const std::string page = ListPage(site, 1);
+    if (!run.goesOn()) return {};
+    const std::string online = Trim(CutBetween(session.host, "qishu=", "\"", page));
     const auto local = ReadLocalDraw(session);
     if (!local || !run.goesOn()) return EndOfUpdate(site, run, written);
     if (!IsDrawIssue(online)) {

@@ -92,6 +92,7 @@ void frmMain::BuildControls() {
     }
     // The line of the updates takes the room that is left, and never widens the window.
     statusPanels_[2]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    statusPanels_[2]->hide();
 }
 
 void frmMain::BuildMenus() {
@@ -181,6 +182,7 @@ void frmMain::SetStatusPanel(const std::string& text, int panel) {
 
 void frmMain::TellUpdate(const std::string& text) {
     SetStatusPanel(text, 3);
+    statusPanels_[2]->show();
     // Whole, since the line may be cut short.
     statusPanels_[2]->setToolTip(QStringLiteral("<p>%1</p>").arg(Qs(text).toHtmlEscaped()));
 }
