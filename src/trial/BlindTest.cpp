@@ -8,6 +8,8 @@
 #include "bets/BetPlan.h"
 #include "draws/Draw.h"
 #include "draws/Public_var.h"
+#include "trial/Luck.h"
+#include "trial/TrialReport.h"
 #include "trial/WalkForward.h"
 #include "ui/Host.h"
 
@@ -68,7 +70,18 @@ std::optional<TrialResult> RunBlindTest(Session& session, const TrialSettings& s
     auto draws = ReadAllDraws(session);
     if (!draws) return std::nullopt;
     if (draws->empty()) return refuse("数据不足！");
-    return WalkForward(History(std::move(*draws)), settings, run);
+    const History history(std::move(*draws));
+    const bool chooses = ChoosesBest(settings.method);
+    const auto judged = static_cast<double>(JudgedDraws(history, settings));
+    TrialProgress progress{run, judged + 1 + (chooses ? kLuckHistories : 0)};
+    auto result = WalkForward(history, settings, progress);
+    if (!result) return std::nullopt;
+    if (chooses) {
+        result->luck = LuckOf(settings.method, history.size(), progress);
+        if (!result->luck) return std::nullopt;
+    }
+    WriteReport(*result);
+    return result;
 }
 
 }  // namespace ssq
