@@ -5,7 +5,6 @@
 #include <bit>
 
 #include "base/numbers.h"
-#include "formulas/BMHZ.h"
 
 namespace ssq {
 
@@ -185,10 +184,6 @@ class Search {
 
 HitMatrix::HitMatrix(int draws)
     : draws_(draws), hits_(static_cast<std::size_t>(draws) * kFormulaCount) {}
-
-std::size_t HitMatrix::At(int draw, int formula) {
-    return static_cast<std::size_t>(draw) * kFormulaCount + static_cast<std::size_t>(formula);
-}
 
 HitMatrix HitsOf(std::span<const RedSet> before, int draws) {
     const auto numbers = NumbersOf(before.first(static_cast<std::size_t>(draws + kFormulaDraws)));

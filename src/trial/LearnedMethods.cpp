@@ -197,11 +197,14 @@ class SingleFormulaMethod final : public Method {
 
     void AddRows(const Before& before, std::size_t first, int rows, int weight) {
         const HitMatrix hits = HitsOf(before.sets.subspan(first), rows);
+        std::array<int, kReds + 1> added{};  // by hits
+        for (std::size_t level = 0; level < levels_.size(); ++level) {
+            if (levels_[level]) added[level] = weight;
+        }
         for (int row = 0; row < rows; ++row) {
             for (int formula = 0; formula < kFormulaCount; ++formula) {
-                if (Meets(hits.hits(row, formula))) {
-                    held_[static_cast<std::size_t>(formula)] += weight;
-                }
+                held_[static_cast<std::size_t>(formula)] +=
+                    added[static_cast<std::size_t>(hits.hits(row, formula))];
             }
         }
     }
