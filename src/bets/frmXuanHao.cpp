@@ -37,6 +37,7 @@
 #include "ui/qt/NumberedEdit.h"
 #include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
+#include "ui/qt/look.h"
 
 namespace ssq {
 
@@ -155,7 +156,9 @@ void frmXuanHao::BuildPlan(QHBoxLayout* middle) {
     LBLcuo_->setTextFormat(Qt::PlainText);
     LBLcuo_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     LBLcuo_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    LBLcuo_->setStyleSheet(QStringLiteral("color: #B02A1A"));
+    QPalette inks = LBLcuo_->palette();
+    inks.setColor(QPalette::WindowText, FaultInk(inks));
+    LBLcuo_->setPalette(inks);
     auto* errors = new QScrollArea;
     errors->setWidget(LBLcuo_);
     errors->setWidgetResizable(true);

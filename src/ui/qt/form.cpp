@@ -130,6 +130,7 @@ QPushButton* AddPeriodMenu(QBoxLayout* row, IssueCombo& start, IssueCombo& end) 
     constexpr int kBesideText = 40;  // pixels for the frame and the arrow
     auto* button = AddButton(row, "mnuQishu", QStringLiteral("最近"), {});
     button->setToolTip(QStringLiteral("选择最近的期数"));
+    button->setFocusPolicy(Qt::TabFocus);  // a click leaves the keys to the combos
     button->setMaximumWidth(button->fontMetrics().horizontalAdvance(button->text()) + kBesideText);
     auto* menu = new QMenu(button);
     const auto add = [&](const QString& caption, int draws) {
