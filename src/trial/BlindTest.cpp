@@ -49,9 +49,19 @@ std::string Fault(const OwnFormulasTrial& settings) {
 }
 
 std::string Fault(const PlanTrial& settings) {
-    if (Trim(settings.plan).empty()) return "选号台里还没有方案！";
+    if (Trim(settings.plan).empty()) return "选号台里还没有方案，请先打开选号台，写好方案！";
     const BetPlanReading reading = ReadBetPlan(settings.plan);
     return reading.errors.empty() ? "" : reading.errors.front().Told();
+}
+
+// How many draws stand before each one that was judged.
+std::vector<std::size_t> DrawsBeforeJudged(const History& history, const TrialResult& result) {
+    std::vector<std::size_t> before;
+    const std::size_t first = history.size() - result.rows.size();
+    for (std::size_t row = 0; row < result.rows.size(); ++row) {
+        if (result.rows[row].reason == NotJudged::kJudged) before.push_back(first + row);
+    }
+    return before;
 }
 
 }  // namespace
@@ -72,12 +82,13 @@ std::optional<TrialResult> RunBlindTest(Session& session, const TrialSettings& s
     if (draws->empty()) return refuse("数据不足！");
     const History history(std::move(*draws));
     const bool chooses = ChoosesBest(settings.method);
-    const auto judged = static_cast<double>(JudgedDraws(history, settings));
-    TrialProgress progress{run, judged + 1 + (chooses ? kLuckHistories : 0)};
+    const auto steps = static_cast<double>(JudgedDraws(history, settings)) + 1;
+    TrialProgress progress{run, steps + (chooses ? kLuckHistories : 0)};
     auto result = WalkForward(history, settings, progress);
     if (!result) return std::nullopt;
-    if (chooses) {
-        result->luck = LuckOf(settings.method, history.size(), progress);
+    const std::vector<std::size_t> before = DrawsBeforeJudged(history, *result);
+    if (chooses && !before.empty()) {
+        result->luck = LuckOf(settings.method, before, progress);
         if (!result->luck) return std::nullopt;
     }
     WriteReport(*result);

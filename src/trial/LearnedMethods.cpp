@@ -144,6 +144,10 @@ class SingleFormulaMethod final : public Method {
         return kDrawsBeforeTable + (window_ == kAllDraws ? 1 : window_);
     }
 
+    std::size_t DrawsUsed(std::size_t before) const override {
+        return window_ == kAllDraws ? before : DrawsNeeded();
+    }
+
     std::optional<Prediction> Predict(const Before& before, Run& /*run*/) override {
         const auto [formula, held] = Best(before);
         if (held == 0) return Prediction{NotJudged::kNothingLearned, {}, {}};

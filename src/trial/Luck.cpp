@@ -38,19 +38,17 @@ History RandomHistory(std::mt19937& random, std::size_t size) {
 
 }  // namespace
 
-std::optional<Luck> LuckOf(const TrialMethod& settings, std::size_t draws,
+std::optional<Luck> LuckOf(const TrialMethod& settings, std::span<const std::size_t> before,
                            TrialProgress& progress) {
     const std::unique_ptr<Method> method = MakeMethod(settings);
-    const auto* single = std::get_if<SingleFormulaTrial>(&settings);
-    const bool takesAll = single != nullptr && single->window == kAllDraws;
-    const std::size_t size =
-        takesAll ? std::max(draws, method->DrawsNeeded()) : method->DrawsNeeded();
     std::mt19937 random(kLuckSeed);
     std::vector<double> rates;
     double shown = 0;
     int found = 0;
     for (int i = 0; i < kLuckHistories; ++i) {
         if (!progress.Step()) return std::nullopt;
+        const std::size_t judged = static_cast<std::size_t>(i) * before.size() / kLuckHistories;
+        const std::size_t size = method->DrawsUsed(before[judged]);
         const History history = RandomHistory(random, size);
         const auto choice = method->Choose(history.BeforeDraw(size), progress.run);
         if (!choice) return std::nullopt;
@@ -73,11 +71,6 @@ bool ChoosesBest(const TrialMethod& method) {
     return std::holds_alternative<BankerSettings>(method) ||
            std::holds_alternative<KillSettings>(method) ||
            std::holds_alternative<SingleFormulaTrial>(method);
-}
-
-std::optional<Luck> LuckOf(const TrialMethod& method, int draws, Run& run) {
-    TrialProgress progress{run, kLuckHistories};
-    return LuckOf(method, static_cast<std::size_t>(std::max(draws, 0)), progress);
 }
 
 }  // namespace ssq

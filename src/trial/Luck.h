@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 
 #include "trial/BlindTest.h"
 #include "trial/WalkForward.h"
@@ -11,7 +12,13 @@ namespace ssq {
 
 inline constexpr int kLuckHistories = 200;  // each a step
 
-// LuckOf as part of a run.
-std::optional<Luck> LuckOf(const TrialMethod& settings, std::size_t draws, TrialProgress& progress);
+// Whether the method chooses the best of many, so that there is luck to speak of.
+bool ChoosesBest(const TrialMethod& method);
+
+// The luck of a method that ChoosesBest on random histories, always the same ones, as long as those
+// it learns on: `before` tells for each judged draw, one at least, how many draws stand before it.
+// Nothing when the run was ended.
+std::optional<Luck> LuckOf(const TrialMethod& settings, std::span<const std::size_t> before,
+                           TrialProgress& progress);
 
 }  // namespace ssq
