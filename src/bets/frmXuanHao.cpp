@@ -239,6 +239,10 @@ void frmXuanHao::AddConditions(const std::string& lines) {
     TakePlan(text + Replace(lines, "\r\n", "\n"));
 }
 
+std::string frmXuanHao::plan() const {
+    return txtFangAn_->Text();
+}
+
 void frmXuanHao::closeEvent(QCloseEvent* event) {
     const bool asks = !isClosed() && !session().host.stopping() &&
                       txtFangAn_->document()->isModified() && !txtFangAn_->document()->isEmpty();

@@ -17,6 +17,7 @@ class QVBoxLayout;
 
 namespace ssq {
 
+class ChanceRemark;
 class GridView;
 
 class RangePanel : public Panel {
@@ -57,6 +58,12 @@ class RangePanel : public Panel {
     // The group around the grid vs1, at the end of the column.
     GridView* AddResults(const char* groupName, const char* caption);
     GridView& results() const { return *vs1_; }
+    // The chance remark under the grid: Show fills it from the report. `blindTest` gives the
+    // settings that its link opens the blind test with, as they are when the report is shown;
+    // without it there is no link.
+    void AddRemark(std::function<ControlTexts()> blindTest = {});
+    // Empties the grid and its remark.
+    void ClearResults();
     void SetResultsCaption(const std::string& caption);
     QString resultsCaption() const;
 
@@ -73,6 +80,8 @@ class RangePanel : public Panel {
     QGroupBox* resultsGroup_ = nullptr;
     const Run* run_ = nullptr;  // the one whose work has control
     GridView* vs1_ = nullptr;
+    ChanceRemark* remark_ = nullptr;
+    std::function<ControlTexts()> blindTest_;
 };
 
 }  // namespace ssq

@@ -92,6 +92,17 @@ QComboBox* AddCombo(QBoxLayout* row, const char* name, const QString& label,
     return combo;
 }
 
+QComboBox* AddFreeCombo(QBoxLayout* row, const char* name, const QString& label,
+                        std::initializer_list<const char*> entries) {
+    constexpr int kLongestNumber = 32;  // characters
+    QComboBox* combo = AddCombo(row, name, label, entries);
+    combo->setEditable(true);
+    combo->setInsertPolicy(QComboBox::NoInsert);
+    combo->lineEdit()->setMaxLength(kLongestNumber);
+    combo->setCompleter(nullptr);  // "3" is a number of its own, not the start of "30"
+    return combo;
+}
+
 QLineEdit* AddTextBox(QBoxLayout* row, const char* name, const QString& label) {
     constexpr int kTextBoxWidth = 120;
     constexpr int kLongestText = 1000;  // characters; no told input comes near it
