@@ -207,8 +207,8 @@ TEST_F(BlindTest, PredictsTheNextIssueAsThePanelsDo) {
     ASSERT_TRUE(SaveFormulaList(session, kFormulas));
     const auto own = TestFormulas(session, {range, "1", "6", FormulaTarget::kRed}, run);
     const TrialResult formulas = OnFile(OwnFormulasTrial{kFormulas}, 40);
-    EXPECT_THAT(*own, HasSubstr(":   " + formulas.next.picks[0] + "\r\n"));
-    EXPECT_THAT(*own, HasSubstr("共正确:" + NumberText(formulas.sums[0].tally.score) + "期"));
+    EXPECT_THAT(own->lines, HasSubstr(":   " + formulas.next.picks[0] + "\r\n"));
+    EXPECT_THAT(own->lines, HasSubstr("共正确:" + NumberText(formulas.sums[0].tally.score) + "期"));
 
     std::vector<RedSet> history;
     const auto draws = ReadAllDraws(session);
