@@ -269,6 +269,9 @@ TEST_F(BlindTest, JudgesFromTheFirstDrawThatHasEnoughBeforeIt) {
                 << method.index() << " " << row;
         }
     }
+    // The heat of all leaves out the oldest: of two draws it counts the newest.
+    EXPECT_EQ(Walk({draws.begin(), draws.begin() + 2}, HeatTrial{}, 1).next.picks[0],
+              draws[1].reds);
 }
 
 TEST_F(BlindTest, ShowsWhatItFound) {
