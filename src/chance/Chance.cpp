@@ -30,12 +30,15 @@ double TrialsWorth(const Tally& tally) {
 class Ways {
   public:
     Ways(int drawn, int weights)
-        : drawn_(drawn), weights_(weights), ways_(static_cast<std::size_t>((drawn + 1) * weights)) {
+        : drawn_(drawn),
+          weights_(weights),
+          ways_(static_cast<std::size_t>(drawn + 1) * static_cast<std::size_t>(weights)) {
         At(0, 0) = 1;
     }
 
     double& At(int drawn, int weight) {
-        return ways_[static_cast<std::size_t>(drawn * weights_ + weight)];
+        return ways_[static_cast<std::size_t>(drawn) * static_cast<std::size_t>(weights_) +
+                     static_cast<std::size_t>(weight)];
     }
 
     // From the largest number down, so that no ball of the class is counted twice.
