@@ -186,7 +186,7 @@ HitMatrix::HitMatrix(int draws)
     : draws_(draws), hits_(static_cast<std::size_t>(draws) * kFormulaCount) {}
 
 HitMatrix HitsOf(std::span<const RedSet> before, int draws) {
-    const auto numbers = NumbersOf(before.first(static_cast<std::size_t>(draws + kFormulaDraws)));
+    const auto numbers = NumbersOf(before.first(Index(draws) + kFormulaDraws));
     HitMatrix matrix(draws);
     for (int draw = 0; draw < draws; ++draw) {
         const auto target = static_cast<std::size_t>(draw);
