@@ -37,6 +37,12 @@ constexpr const char* kAll = "全部";
 constexpr int kHundredDraws = 1;   // entry of cboN
 constexpr int kUpperHeight = 420;  // pixels, where the panel has its own size
 constexpr int kLowerHeight = 200;
+
+// What the settings start with where none can be read.
+constexpr int kUsualPeriods = 30;
+constexpr int kThreeBankers = 2;  // entry of cboDMGS
+constexpr int kTwelveKills = 1;   // entry of cboSmGs
+
 constexpr const char* kStart = "开始盲测";
 constexpr const char* kStop = "停止";
 
@@ -198,7 +204,8 @@ void frmMangCe::BuildResults(QBoxLayout* column) {
 
 // A store that cannot be read is told of once.
 void frmMangCe::LoadDefaults() {
-    constexpr int kTwelveKills = 1;
+    periods_[kBankers] = QString::number(kUsualPeriods);
+    cboDMGS_->setCurrentIndex(kThreeBankers);
     const KillProposal proposal = DefaultKillSettings(kTwelveKills);
     periods_[kKills] = QString::number(kDefaultKillDraws);
     cboSmGs_->setCurrentIndex(kTwelveKills);
@@ -392,7 +399,10 @@ void frmMangCe::StartOrStop() {
 bool frmMangCe::Test(const TrialSettings& settings, Run& run) {
     auto result = RunBlindTest(session(), settings, run);
     if (!result || !run.goesOn()) return false;
-    if (std::ranges::find(tested_, settings) == tested_.end()) tested_.push_back(settings);
+    const bool isJudged = result->sums.front().tally.draws > 0;
+    if (isJudged && std::ranges::find(tested_, settings) == tested_.end()) {
+        tested_.push_back(settings);
+    }
     ShowResult(std::move(*result));
     return true;
 }
