@@ -49,7 +49,7 @@ std::string Fault(const OwnFormulasTrial& settings) {
 }
 
 std::string Fault(const PlanTrial& settings) {
-    if (Trim(settings.plan).empty()) return "选号台里还没有方案，请先打开选号台，写好方案！";
+    if (Trim(settings.plan).empty()) return "选号台里还没有方案！";
     const BetPlanReading reading = ReadBetPlan(settings.plan);
     return reading.errors.empty() ? "" : reading.errors.front().Told();
 }

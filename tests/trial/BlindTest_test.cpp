@@ -322,7 +322,7 @@ TEST_F(BlindTest, RefusesWhatIsNoSettingAndEndsWithoutAWord) {
         {{SingleFormulaTrial{{"<", 0}}}, "没有公式能满足这个条件！"},
         {{HeatTrial{10, 34}}, "号码个数应为1到33！"},
         {{OwnFormulasTrial{kFormulas, FormulaTarget::kRed, 3, 2}}, "起始值不能大于结束值！"},
-        {{PlanTrial{" \n"}}, "选号台里还没有方案，"},
+        {{PlanTrial{" \n"}}, "选号台里还没有方案！"},
         {{PlanTrial{"红球 01-40"}}, "第1行："},
         {{RedWrapTrial{}, -1}, "盲测期数填写错误！"},
     };
