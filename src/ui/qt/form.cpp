@@ -18,6 +18,7 @@
 #include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
+#include "ui/qt/WrappingRow.h"
 
 namespace ssq {
 
@@ -67,7 +68,7 @@ QGroupBox* AddGroup(QBoxLayout* layout, const char* name, const QString& caption
 }
 
 QHBoxLayout* AddRow(QBoxLayout* layout) {
-    auto* row = new QHBoxLayout;
+    auto* row = new WrappingRow;
     row->addStretch();
     layout->addLayout(row);
     return row;
