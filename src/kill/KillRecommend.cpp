@@ -199,6 +199,7 @@ std::optional<GridReport> KillRecommend(Session& session, const PeriodRange& ran
     for (; row <= inputs.drawCount(); ++row) {
         if (FillDrawRow(session, inputs, grid, row, rightByCol)) ++okCount;
     }
+    grid.footRow = row;
     FillForecastRow(session, inputs, grid, row);
     FillProbabilityRow(inputs, grid, row + 1, rightByCol, okCount);
     return GridReport{std::move(grid), Caption(inputs)};
