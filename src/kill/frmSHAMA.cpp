@@ -1,6 +1,7 @@
 #include "kill/frmSHAMA.h"
 
 #include <QBoxLayout>
+#include <QPushButton>
 #include <algorithm>
 
 #include "draws/Public_var.h"
@@ -37,7 +38,10 @@ frmSHAMA::frmSHAMA(const PanelContext& context, QWidget* parent)
     SetPopup(context, *vs1, "shama_bgfz", "杀码表格复制",
              {{"m_smfuzi", "复制选中的号码", [vs1] { CopySelection(*vs1); }},
               {"shama_tiaojiangeshi", "复制成条件格式",
-               [vs1] { PutOnClipboard(KillConditions(vs1->grid())); }},
+               [vs1] {
+                   PutOnClipboard(KillConditions(vs1->grid()));
+                   vs1->Tell(QStringLiteral("已复制选中行的条件"));
+               }},
               {"shama_xuanhao", "加入选号台", [this, vs1] {
                    if (this->context().addToPlan) {
                        this->context().addToPlan(KillConditions(vs1->grid()));
@@ -79,10 +83,11 @@ void frmSHAMA::Learn() {
 }
 
 void frmSHAMA::ShowRecords() {
-    frmSHAMAxxjl(
+    frmSHAMAxxjl records(
         context(),
-        [this](const std::string& endIssue, int periods) { CallCommand1(endIssue, periods); }, this)
-        .exec();
+        [this](const std::string& endIssue, int periods) { CallCommand1(endIssue, periods); },
+        this);
+    if (records.exec() == frmSHAMAxxjl::kWantsLearning) learnButton_->click();
 }
 
 }  // namespace ssq
