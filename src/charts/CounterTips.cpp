@@ -53,8 +53,9 @@ std::string Place(const std::string& place) {
         place == "." ? "&nbsp;&nbsp;" : Replace(Replace(place, "*", ""), "+", "");
     const char* ground = place == "." ? "#339966" : counts ? "#FFE55C" : "#FFF8E0";
     const char* ink = blue ? "#0000FA" : "#1E2624";
-    return std::string("<td bgcolor='") + ground + "'><span style='color:" + ink +
-           (counts ? ";font-weight:bold" : "") + "'>" + number + "</span></td>";
+    return std::string("<td width='26' align='center' bgcolor='") + ground +
+           "'><span style='color:" + ink + (counts ? ";font-weight:bold" : "") + "'>" + number +
+           "</span></td>";
 }
 
 }  // namespace
@@ -62,8 +63,9 @@ std::string Place(const std::string& place) {
 std::string CounterTip(std::size_t counter) {
     const CounterMeaning& tip = kCounterMeanings[counter];
     const auto end = std::ranges::find(tip.draws, nullptr);
-    std::string html = std::string("<p><b>") + kTrendCounters[counter].heading + "</b>　" +
-                       tip.sentence + "。</p><table cellspacing='1' cellpadding='3'>";
+    const std::string heading = Replace(kTrendCounters[counter].heading, "<", "&lt;");
+    std::string html = "<p><b>" + heading + "</b>　" + tip.sentence +
+                       "。</p><table cellspacing='1' cellpadding='3'>";
     for (auto draw = tip.draws.begin(); draw != end; ++draw) {
         const auto before = end - draw - 1;
         html +=

@@ -111,7 +111,6 @@ void GridPainter::Paint(const QRect& area) {
     PaintFreezeLines(area);
     PaintFootLine(area);
     PaintSortMark(area);
-    PaintCross(area);
     if (scene_.showsSelection) PaintSelection(area);
 }
 
@@ -120,6 +119,7 @@ void GridPainter::PaintPane(const Pane& pane, const QRect& area) {
     if (clip.isEmpty()) return;
     painter_.setClipRect(clip);
     PaintBacks(pane);
+    PaintCross(clip);
     PaintLines(pane);
     PaintTexts(pane);
 }
@@ -295,7 +295,8 @@ void GridPainter::PaintFootLine(const QRect& area) {
     painter_.fillRect(QRect(0, y - kFootLineWidth, right, kFootLineWidth) & area, colour);
 }
 
-// The row and the column under the pointer, so that the eye finds the headings of a cell.
+// The row and the column under the pointer, so that the eye finds the headings of a cell. Beneath
+// the texts, which stay clear.
 void GridPainter::PaintCross(const QRect& area) {
     if (scene_.cross.row < 0) return;
     const GridAxis& rows = scene_.geometry.rows();
