@@ -64,6 +64,7 @@ GridStrip::GridStrip(const PanelContext& context, GridView& view) : context_(con
     QObject::connect(pause, &QTimer::timeout, this, [this] { ShowFigures(); });
     view.onChange = [this, pause] {
         telling_ = false;
+        ShowZoom();
         pause->start();
     };
     view.onTell = [this, pause](const QString& text) {
@@ -247,9 +248,14 @@ void GridStrip::ShowHits(int number) {
     count_->setText(text);
 }
 
-void GridStrip::ShowFigures() {
-    zoom_->setText(QStringLiteral("%1%").arg(view_.zoom()));
+void GridStrip::ShowZoom() {
+    const QString text = QStringLiteral("%1%").arg(view_.zoom());
+    if (zoom_->text() == text) return;
+    zoom_->setText(text);
     zoom_->setVisible(view_.zoom() != 100);
+}
+
+void GridStrip::ShowFigures() {
     if (!findRow_->isHidden() && view_.hitCount() != hitsShown_) ShowHits(0);
     if (telling_) return;
     const SelectionFigures figures = FiguresOf(view_.shown());

@@ -38,6 +38,7 @@ class GridStrip final : public QWidget {
     void Find();
     void CloseFind();
     void ShowHits(int number);
+    void ShowZoom();
     void ShowFigures();
     void RaiseMenu();
     bool FindKey(int key, Qt::KeyboardModifiers modifiers);

@@ -2,7 +2,6 @@
 
 #include <QChart>
 #include <QContextMenuEvent>
-#include <QGraphicsLayout>
 #include <QKeyEvent>
 #include <QLineSeries>
 #include <QMouseEvent>
@@ -142,12 +141,12 @@ void LineChart::Fit() {
 }
 
 void LineChart::PlacePicture() {
-    const int barHeight = bar_->isHidden() ? 0 : bar_->sizeHint().height();
+    // The bar's room stays free without it: the axes would not follow a plot that moves alone.
+    const int barHeight = bar_->sizeHint().height();
     bar_->setGeometry(0, height() - barHeight, width(), barHeight);
     QMarginsF margins = kPlotMargins;
     margins.setBottom(margins.bottom() + barHeight);
     chart()->setPlotArea(QRectF(QPointF(), viewport()->size()).marginsRemoved(margins));
-    chart()->layout()->activate();  // else the axes follow at the next turn of the event loop
 }
 
 void LineChart::ShowPart() {
