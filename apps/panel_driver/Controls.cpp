@@ -16,6 +16,7 @@
 #include <stdexcept>
 
 #include "Panels.h"
+#include "ui/qt/ChanceRemark.h"
 
 namespace ssq {
 
@@ -72,6 +73,12 @@ void SetButton(QAbstractButton& button, const QString& value) {
     const bool on = value == u"1";
     if (button.isChecked() != on) button.click();
     if (button.isChecked() != on) Refuse(button, "cannot be cleared by itself");
+}
+
+// The link is the last word.
+void ClickLink(ChanceRemark& remark) {
+    if (!remark.text().endsWith(u"</a>")) Refuse(remark, "has no link");
+    Q_EMIT remark.linkActivated({});
 }
 
 template <typename Control>
@@ -160,6 +167,7 @@ void ChooseInControl(QWidget& control, int index) {
 }
 
 void ClickControl(QWidget& control) {
+    if (auto* remark = qobject_cast<ChanceRemark*>(&control)) return ClickLink(*remark);
     auto* button = qobject_cast<QAbstractButton*>(&control);
     if (!button) Refuse(control, "is no button");
     button->click();
@@ -186,6 +194,9 @@ Json DescribeControl(const QWidget& control) {
     for (const char* property : {"text", "plainText", "title"}) {
         const QVariant text = control.property(property);
         if (text.isValid()) fields["text"] = text.toString();
+    }
+    if (auto* remark = qobject_cast<const ChanceRemark*>(&control)) {
+        fields["text"] = remark->plainText();
     }
     if (control.isWindow()) fields["text"] = control.windowTitle();
     if (control.property("checkable").toBool()) {

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <stdexcept>
 
+#include "ui/qt/BandChart.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/LineChart.h"
 
@@ -54,6 +55,24 @@ QPoint PlaceOfCell(GridView& view, int row, int col) {
     return view.viewport()->mapTo(view.window(), seen.center());
 }
 
+Json DescribeBands(const BandChart& chart) {
+    Json fields{{"title", chart.valueTitle().toStdString()},
+                {"labels", chart.data().labels},
+                {"tracks", Json::array()}};
+    for (const BandTrack& track : chart.data().tracks) {
+        Json drawn{{"name", track.name},
+                   {"values", Json::array()},
+                   {"chance", Json::array()},
+                   {"reach", track.reach}};
+        for (std::size_t draws = 1; draws <= track.score.size(); ++draws) {
+            drawn["values"].push_back(chart.ValueAt(track, draws));
+            drawn["chance"].push_back(chart.ChanceAt(track, draws));
+        }
+        fields["tracks"].push_back(std::move(drawn));
+    }
+    return fields;
+}
+
 }  // namespace
 
 GridView& AsGrid(QWidget& control) {
@@ -93,6 +112,7 @@ Json DescribeGrid(const ResultGrid& grid) {
 }
 
 Json DescribeChart(const QWidget& control) {
+    if (auto* bands = qobject_cast<const BandChart*>(&control)) return DescribeBands(*bands);
     auto* chart = qobject_cast<const LineChart*>(&control);
     if (!chart) throw Refusal("'" + control.objectName().toStdString() + "' is no chart");
     const LineChartData& data = chart->data();

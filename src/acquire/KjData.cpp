@@ -187,7 +187,7 @@ void InsertDraws(Session& session, const Harvest& harvest) {
     std::string errorText;
     for (std::size_t i = harvest.NewIssues.size(); i-- > 0;) {
         if (InsertDraw(session.connection, DrawOf(harvest, i), errorText)) continue;
-        session.host.ShowMessage(errorText);
+        TellStoreFault(session, "保存开奖数据失败", errorText);
         return;
     }
     if (!CommitOrTell(session, batch)) return;

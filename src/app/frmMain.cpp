@@ -22,6 +22,7 @@
 #include "draws/BankerSettings.h"
 #include "draws/Public_var.h"
 #include "ui/Host.h"
+#include "ui/qt/ChanceRemark.h"
 #include "ui/qt/Desktop.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
@@ -80,6 +81,7 @@ void frmMain::BuildControls() {
     vs1_ = AddGrid(context_, resultGroup_, "vs1");
     vs1_->SetEmptyHint(QStringLiteral("还没有结果。"), QStringLiteral("点此开始学习"),
                        [this] { Learn(); });
+    resultGroup_->layout()->addWidget(remark_ = new ChanceRemark(panels_->context()));
 
     statusBar()->setObjectName(QStringLiteral("bar1"));
     for (int panel = 0; panel < 2; ++panel) {
@@ -103,6 +105,10 @@ void frmMain::BuildMenus() {
 }
 
 void frmMain::AddEntry(QMenu& menu, const MenuEntry& entry) {
+    if (entry.action == MenuAction::kSeparator) {
+        menu.addSeparator();
+        return;
+    }
     QAction* action = menu.addAction(QString::fromUtf8(entry.caption));
     action->setObjectName(QString::fromUtf8(entry.control));
     const bool opensPanel =
@@ -208,6 +214,9 @@ void frmMain::Recommend() {
     if (!report) return;
     resultGroup_->setTitle(Qs(report->caption));
     vs1_->SetGrid(std::move(report->grid));
+    remark_->Show(report->remark, {{"cboFangFa", "胆码学习"},
+                                   {"txtXXQS", std::to_string(settings->xxqs)},
+                                   {"cboDMGS", std::to_string(settings->dmgs) + "胆"}});
     vs1_->scrollToBottom();  // the recommendation stands below the draws
 }
 

@@ -15,6 +15,7 @@ class QVBoxLayout;
 
 namespace ssq {
 
+class ChanceRemark;
 class GridView;
 class IssueCombo;
 class PanelRegistry;
@@ -56,6 +57,7 @@ class frmMain final : public QMainWindow {
     QPushButton* recommendButton_ = nullptr;
     QGroupBox* resultGroup_ = nullptr;
     GridView* vs1_ = nullptr;
+    ChanceRemark* remark_ = nullptr;
     ProgressStrip* progress_ = nullptr;
     QLabel* statusPanels_[2] = {};
     PanelRuns learnRuns_;

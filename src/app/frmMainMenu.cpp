@@ -22,6 +22,8 @@ constexpr std::array kStudy = {
     MenuEntry{"m_rs", "学习设置", kOpenDialog, "frmXUEXI"},
     MenuEntry{"m_xuexi", "开始学习", kLearn},
     MenuEntry{"m_sr", "学习记录", kOpenDialog, "frmxxjl"},
+    MenuEntry{"", "", kSeparator},
+    MenuEntry{"m_mangce", "盲测", kOpenPanel, "frmMangCe"},
 };
 
 constexpr std::array kCharts = {

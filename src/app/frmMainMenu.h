@@ -11,6 +11,7 @@ enum class MenuAction {
     kOpenDialog,  // the same for a modal panel
     kSay,         // shows `argument` in a box
     kNothing,     // stands in the menu, does nothing
+    kSeparator,   // a line between the entries around it
     kLearn,
     kUpdateDraws,
     kUpdatePrizes,

@@ -21,6 +21,7 @@
 #include "tools/frmDFjishuan.h"
 #include "tools/frmLSBJ.h"
 #include "tools/frmMtoN.h"
+#include "trial/frmMangCe.h"
 #include "ui/qt/placing.h"
 #include "workbench/frmShaHao.h"
 #include "wrap/frm18MaWeiHong.h"
@@ -56,6 +57,7 @@ const std::map<QString, Make<Panel>>& Panels() {
         Modeless<frmLHzst>("frmLHzst"),
         Modeless<frmLSBJ>("frmLSBJ"),
         Modeless<frmLengRe>("frmLengRe"),
+        Modeless<frmMangCe>("frmMangCe"),
         Modeless<frmMtoN>("frmMtoN"),
         Modeless<frmSHAMA>("frmSHAMA"),
         Modeless<frmSale>("frmSale"),
@@ -83,6 +85,8 @@ const std::map<QString, Make<QDialog>>& Dialogs() {
 PanelRegistry::PanelRegistry(const PanelContext& context, QWidget& owner)
     : context_(context), owner_(owner) {
     context_.addToPlan = [this](const std::string& conditions) { AddToPlan(conditions); };
+    context_.standingPlan = [this] { return StandingPlan(); };
+    context_.openBlindTest = [this](const ControlTexts& settings) { OpenBlindTest(settings); };
     context_.atHand = &atHand_;
 }
 
@@ -106,6 +110,18 @@ void PanelRegistry::AddToPlan(const std::string& conditions) {
     const QString name = QStringLiteral("frmXuanHao");
     Open(name);
     static_cast<frmXuanHao*>(open_[name].data())->AddConditions(conditions);
+}
+
+std::string PanelRegistry::StandingPlan() const {
+    const auto filter = open_.find(QStringLiteral("frmXuanHao"));
+    if (filter == open_.end() || !filter->second || filter->second->isClosed()) return {};
+    return static_cast<const frmXuanHao*>(filter->second.data())->plan();
+}
+
+void PanelRegistry::OpenBlindTest(const ControlTexts& settings) {
+    const QString name = QStringLiteral("frmMangCe");
+    Open(name);
+    static_cast<frmMangCe*>(open_[name].data())->TakeSettings(settings);
 }
 
 void PanelRegistry::TakeNewDraws() {

@@ -21,6 +21,9 @@ class PanelRegistry {
     // The windows of all panels belong to `owner`, so that it does not hide them.
     PanelRegistry(const PanelContext& context, QWidget& owner);
 
+    // What the panels are given.
+    const PanelContext& context() const { return context_; }
+
     // Whether this build has the panel.
     static bool Knows(const QString& name);
 
@@ -33,6 +36,12 @@ class PanelRegistry {
     // Brings up the number filter with these conditions behind those of its plan; nothing for an
     // empty text.
     void AddToPlan(const std::string& conditions);
+
+    // The plan that stands in the open number filter; empty when it is not open.
+    std::string StandingPlan() const;
+
+    // Brings up the blind test with these texts in its controls.
+    void OpenBlindTest(const ControlTexts& settings);
 
     // Tells the open panels that there are new draws.
     void TakeNewDraws();

@@ -9,6 +9,7 @@
 #include "banker/PositionRates.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "chance/Chance.h"
 #include "draws/Public_var.h"
 #include "draws/queries.h"
 #include "ui/Host.h"
@@ -187,6 +188,29 @@ void FillRateRow(const Inputs& inputs, ResultGrid& grid, int row, const ColumnCo
     }
 }
 
+// The mean chance of a group over the rows shown: balls that stand twice can be hit once.
+double MeanChance(const Inputs& inputs, const PositionFormula& formula) {
+    double chances = 0;
+    for (std::size_t newer = 1; newer <= inputs.range.size(); ++newer) {
+        std::vector<int> balls = BallsAt(formula, std::span(inputs.before).subspan(newer));
+        balls.resize(std::min(balls.size(), static_cast<std::size_t>(inputs.dmgs)));
+        RedSet different;
+        for (const int ball : balls) different.Add(ball);
+        chances += ChanceOfAnyHit(different.Count());
+    }
+    return chances / static_cast<double>(inputs.range.size());
+}
+
+std::string Remark(const Inputs& inputs) {
+    if (inputs.range.empty()) return {};
+    std::vector<std::string> groups;
+    for (const PositionFormula& formula : inputs.formulas) {
+        groups.push_back(InPercent(MeanChance(inputs, formula)));
+    }
+    return "机会线：随便选同样多的号码，三组平均命中 " + Join(groups, "、") +
+           "。刚学完时，表里正是学习用的期数，命中率自然偏高。";
+}
+
 }  // namespace
 
 std::optional<GridReport> BuildBankerRecommendation(Session& session, const PeriodRange& range,
@@ -204,8 +228,10 @@ std::optional<GridReport> BuildBankerRecommendation(Session& session, const Peri
     grid.footRow = nextIssueRow;
     FillNextIssueRow(inputs, grid, nextIssueRow);
     FillRateRow(inputs, grid, nextIssueRow + 1, hitRows);
-    return GridReport{std::move(grid), "分析结果  共" + std::to_string(inputs.range.size()) +
-                                           "期数据,概率降低请重新学习"};
+    return GridReport{
+        std::move(grid),
+        "分析结果  共" + std::to_string(inputs.range.size()) + "期数据,概率降低请重新学习",
+        Remark(inputs)};
 }
 
 }  // namespace ssq

@@ -35,6 +35,7 @@
 #include "ui/qt/NumberedEdit.h"
 #include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
+#include "ui/qt/look.h"
 
 namespace ssq {
 
@@ -153,7 +154,9 @@ void frmXuanHao::BuildPlan(QHBoxLayout* middle) {
     LBLcuo_->setTextFormat(Qt::PlainText);
     LBLcuo_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     LBLcuo_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    LBLcuo_->setStyleSheet(QStringLiteral("color: #B02A1A"));
+    QPalette inks = LBLcuo_->palette();
+    inks.setColor(QPalette::WindowText, FaultInk(inks));
+    LBLcuo_->setPalette(inks);
     auto* errors = new QScrollArea;
     errors->setWidget(LBLcuo_);
     errors->setWidgetResizable(true);
@@ -238,6 +241,10 @@ void frmXuanHao::AddConditions(const std::string& lines) {
     std::string text = txtFangAn_->Text();
     if (!text.empty() && text.back() != '\n') text += '\n';
     TakePlan(text + Replace(lines, "\r\n", "\n"));
+}
+
+std::string frmXuanHao::plan() const {
+    return txtFangAn_->Text();
 }
 
 void frmXuanHao::closeEvent(QCloseEvent* event) {

@@ -40,6 +40,9 @@ class frmXuanHao final : public Panel {
     // Lines behind those of the plan.
     void AddConditions(const std::string& lines);
 
+    // The plan as it is typed now.
+    std::string plan() const;
+
   protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/combinations.h"
+#include "base/numbers.h"
 
 namespace ssq {
 
@@ -73,6 +74,26 @@ double ChanceOfHits(int picked, int low, int high) {
 
 double ChanceOfAnyHit(int picked) {
     return 1 - ChanceOfHits(picked, 0);
+}
+
+// The mean of a count is the sum over k of the chance that it exceeds k.
+double BestRateByLuck(int tries, int draws, double chance) {
+    if (draws <= 0 || chance <= 0) return 0;
+    if (chance >= 1) return 100;
+    const double odds = std::log(chance) - std::log1p(-chance);
+    double logTerm = draws * std::log1p(-chance);
+    double upTo = 0;  // the chance of at most `hits`
+    double best = 0;
+    for (int hits = 0; hits < draws; ++hits) {
+        upTo = std::min(upTo + std::exp(logTerm), 1.0);
+        best += 1 - std::pow(upTo, tries);
+        logTerm += std::log(draws - hits) - std::log(hits + 1) + odds;
+    }
+    return best / draws * 100;
+}
+
+std::string InPercent(double share) {
+    return NumberText(Percent(share, 1)) + "%";
 }
 
 double ChanceOfWeight(std::span<const BallClass> classes, int balls, int drawn, double low,

@@ -14,6 +14,13 @@ double ChanceOfHits(int picked, int hits);
 double ChanceOfHits(int picked, int low, int high);
 double ChanceOfAnyHit(int picked);
 
+// The mean rate in percent of the best of `tries` independent tries of so many draws, each of which
+// hits every draw with this chance.
+double BestRateByLuck(int tries, int draws, double chance);
+
+// "45.75%".
+std::string InPercent(double share);
+
 // Balls that together give `weight`, when at least one of them is drawn.
 struct BallClass {
     int size = 1;

@@ -9,6 +9,22 @@
 
 namespace ssq {
 
+namespace {
+
+constexpr const char* kReadFailed = "读取数据失败";
+constexpr const char* kWriteFailed = "保存数据失败";
+
+bool OnlyReads(const std::string& sql) {
+    return LowerCase(Trim(sql)).starts_with("select");
+}
+
+}  // namespace
+
+void TellStoreFault(Session& session, const std::string& what, const std::string& errorText) {
+    const bool isOurs = !errorText.empty() && static_cast<unsigned char>(errorText[0]) >= 0x80;
+    session.host.ShowMessage(isOurs ? errorText : what + "：" + errorText);
+}
+
 void OpenDatabase(Session& session) {
     std::string errorText;
     if (!session.connection.Open(session.userFolder / "data" / "ssq.mdb", errorText)) {
@@ -26,7 +42,9 @@ bool QueryOrTell(Session& session, const std::string& sql, const Values& values,
     const bool wasOpen = session.connection.isOpen();
     const bool done = session.connection.OpenQuery(sql, values, errorText, recordset);
     const bool isOpen = session.connection.isOpen();
-    if (!done && (isOpen || !session.isStarting)) session.host.ShowMessage(errorText);
+    if (!done && (isOpen || !session.isStarting)) {
+        TellStoreFault(session, OnlyReads(sql) ? kReadFailed : kWriteFailed, errorText);
+    }
     if (isOpen && !wasOpen) RefreshLatestIssue(session);
     return done;
 }
@@ -39,13 +57,13 @@ bool ExecuteOrTell(Session& session, const std::string& sql, const Values& value
 bool CommitOrTell(Session& session, WriteBatch& batch) {
     std::string errorText;
     if (batch.Commit(errorText)) return true;
-    session.host.ShowMessage(errorText);
+    TellStoreFault(session, kWriteFailed, errorText);
     return false;
 }
 
 bool CommitOrTell(Session& session, Transaction& transaction) {
     if (transaction.Commit()) return true;
-    session.host.ShowMessage(transaction.errorText());
+    TellStoreFault(session, kWriteFailed, transaction.errorText());
     return false;
 }
 
@@ -53,7 +71,7 @@ bool TableExists(Session& session, const std::string& name) {
     std::string errorText;
     Recordset count;
     if (session.connection.OpenQuery("Select count(*) from " + name, errorText, count)) return true;
-    if (!Contains(errorText, name)) session.host.ShowMessage(errorText);
+    if (!Contains(errorText, name)) TellStoreFault(session, kReadFailed, errorText);
     return false;
 }
 

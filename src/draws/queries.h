@@ -15,9 +15,13 @@ struct Session;
 // program goes on.
 void OpenDatabase(Session& session);
 
-// OpenQuery that tells the user: false after showing the error text with ShowMessage, which it
-// leaves out while the program starts without a database. The first statement that gets through to
-// a database locked before reads LatestIssue and DrawCount.
+// Shows what failed, such as "读取数据失败", and behind it the store's own text. A text of this
+// program's, which is Chinese, stands alone.
+void TellStoreFault(Session& session, const std::string& what, const std::string& errorText);
+
+// OpenQuery that tells the user: false after TellStoreFault, which it leaves out while the program
+// starts without a database. The first statement that gets through to a database locked before
+// reads LatestIssue and DrawCount.
 bool QueryOrTell(Session& session, const std::string& sql, Recordset& recordset);
 
 // The same with one value for each "?" of the text, in their order:
@@ -30,14 +34,14 @@ bool QueryOrTell(Session& session, const std::string& sql, const Values& values,
 // The same for a statement whose rows are not wanted.
 bool ExecuteOrTell(Session& session, const std::string& sql, const Values& values = {});
 
-// Ends the batch; false after showing the store's text.
+// Ends the batch; false after TellStoreFault.
 bool CommitOrTell(Session& session, WriteBatch& batch);
 
 // The same for a transaction.
 bool CommitOrTell(Session& session, Transaction& transaction);
 
-// Whether `Select count(*)` from the table succeeds. On failure the error text is shown only when
-// it does not name the table.
+// Whether `Select count(*)` from the table succeeds. On failure the user is told only when the
+// error text does not name the table.
 bool TableExists(Session& session, const std::string& name);
 
 }  // namespace ssq

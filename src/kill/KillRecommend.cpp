@@ -6,6 +6,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "chance/Chance.h"
 #include "draws/Draw.h"
 #include "draws/Public_var.h"
 #include "draws/queries.h"
@@ -187,9 +188,27 @@ void FillProbabilityRow(const Inputs& inputs, ResultGrid& grid, int row,
     grid.SetCell(row, lastKillCol + 2, RateText(okCount, inputs.drawCount()));
 }
 
+// Rows without kill numbers count as right in the grid's rates, so they do here.
+std::string Remark(const Inputs& inputs) {
+    double right = 0;
+    double kept = 0;
+    for (int newer = 1; newer <= inputs.drawCount(); ++newer) {
+        const auto before = std::span(inputs.before).subspan(static_cast<std::size_t>(newer));
+        const bool isShort = before.size() < kFormulaDraws;
+        RedSet kills;
+        if (!isShort) {
+            for (const int kill : KillNumbers(inputs.formulas, before)) kills.Add(kill);
+        }
+        right += ChanceOfHits(kills.Count(), 0, inputs.settings.rc);
+        kept += isShort ? 1 : ChanceOfHits(1, 0);
+    }
+    return "机会线：随便杀同样多的号码，判定√ " + InPercent(right / inputs.drawCount()) +
+           "，单个位置杀对 " + InPercent(kept / inputs.drawCount()) + "。";
+}
+
 }  // namespace
 
-std::optional<GridReport> KillRecommend(Session& session, const PeriodRange& range) {
+std::optional<KillReport> KillRecommend(Session& session, const PeriodRange& range) {
     Inputs inputs;
     if (!ReadInputs(session, range, inputs)) return std::nullopt;
     ResultGrid grid = EmptyGrid(inputs);
@@ -202,7 +221,7 @@ std::optional<GridReport> KillRecommend(Session& session, const PeriodRange& ran
     grid.footRow = row;
     FillForecastRow(session, inputs, grid, row);
     FillProbabilityRow(inputs, grid, row + 1, rightByCol, okCount);
-    return GridReport{std::move(grid), Caption(inputs)};
+    return KillReport{{std::move(grid), Caption(inputs), Remark(inputs)}, inputs.settings};
 }
 
 std::string KillConditions(const ResultGrid& grid) {

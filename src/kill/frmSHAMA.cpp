@@ -4,6 +4,8 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "base/numbers.h"
+#include "draws/Draw.h"
 #include "draws/Public_var.h"
 #include "kill/KillLearning.h"
 #include "kill/KillRecommend.h"
@@ -47,6 +49,14 @@ frmSHAMA::frmSHAMA(const PanelContext& context, QWidget* parent)
                        this->context().addToPlan(KillConditions(vs1->grid()));
                    }
                }}});
+    AddRemark([this] {
+        return ControlTexts{
+            {"cboFangFa", "杀码学习"},
+            {"txtXXQS", std::to_string(shown_.xxqs)},
+            {"cboSmGs", "杀" + std::to_string(kRedsInDraw * (shown_.dmgs + 1)) + "码"},
+            {"cboycGs", std::to_string(shown_.rc)},
+            {"txtGL", NumberText(shown_.setRate)}};
+    });
     if (const auto settings = ReadKillSettingsOrTell(session())) TakePeriod(settings->xxqs);
 }
 
@@ -62,7 +72,9 @@ void frmSHAMA::CallCommand1(const std::string& endIssue, int periods) {
 }
 
 void frmSHAMA::Recommend() {
-    Show(KillRecommend(session(), range()));
+    auto report = KillRecommend(session(), range());
+    if (report) shown_ = report->settings;
+    Show(std::move(report));
 }
 
 void frmSHAMA::Learn() {

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "kill/KillSettings.h"
 #include "ui/qt/RangePanel.h"
 
 namespace ssq {
@@ -20,6 +21,7 @@ class frmSHAMA final : public RangePanel {
     void Learn();
     void ShowRecords();
 
+    KillSettings shown_;  // of the recommendation on show
     ProgressStrip* progress_;
     QPushButton* learnButton_;
 };

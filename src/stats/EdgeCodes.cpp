@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "chance/Chance.h"
 #include "draws/Draw.h"
 #include "draws/Public_var.h"
 #include "ui/Host.h"
@@ -193,6 +194,42 @@ class Detail {
     ColumnCounts counts_;
 };
 
+// The mean chance of a row's edge codes of both sides, the same number counted once, over the rows
+// and over the sources and offsets that they show.
+double ChanceOfBothSides(const EdgeDraws& draws, const EdgeRequest& request) {
+    const bool allSources = request.view == EdgeView::kBySource;
+    const bool allOffsets = request.view == EdgeView::kByOffset;
+    const int firstQ = allSources ? 1 : request.q;
+    const int lastQ = allSources ? kFormulaDraws : request.q;
+    const int firstB = allOffsets ? 1 : request.b;
+    const int lastB = allOffsets ? kFormulaOffsets : request.b;
+    const bool inDrawnOrder = request.view == EdgeView::kDetail && request.drawnOrder;
+    double chances = 0;
+    int count = 0;
+    for (int row = 1; row <= draws.count(); ++row) {
+        for (int q = firstQ; q <= lastQ; ++q) {
+            RedSet source = draws.Before(row, q).set;
+            // A row without its drawn order names no numbers and hits none.
+            if (inDrawnOrder && (draws.Before(row, q).drawn.empty() || draws.At(row).drawn.empty()))
+                source = {};
+            for (int b = firstB; b <= lastB; ++b, ++count) {
+                chances += ChanceOfAnyHit((source.Lowered(b) | source.Raised(b)).Count());
+            }
+        }
+    }
+    return chances / count;
+}
+
+std::string Remark(const EdgeDraws& draws, const EdgeRequest& request) {
+    std::string text = "机会线：每个位置 " + InPercent(ChanceOfAnyHit(1)) + "，左或右的全码 " +
+                       InPercent(ChanceOfAnyHit(kRedsInDraw));
+    if (request.mode == ShiftMode::kBoth) {
+        text +=
+            "；左右合并按每期不同的号码算，平均 " + InPercent(ChanceOfBothSides(draws, request));
+    }
+    return text + "。";
+}
+
 }  // namespace
 
 std::optional<GridReport> BuildEdgeCodes(Session& session, const EdgeRequest& request) {
@@ -201,7 +238,9 @@ std::optional<GridReport> BuildEdgeCodes(Session& session, const EdgeRequest& re
     const auto draws =
         ReadEdgeDraws(session, request.range, isDetail ? kFormulaDraws + 1 : kFormulaDraws);
     if (!draws) return std::nullopt;
-    return GridReport{isDetail ? Detail(*draws, request).Build() : Summary(*draws, request), {}};
+    return GridReport{isDetail ? Detail(*draws, request).Build() : Summary(*draws, request),
+                      {},
+                      Remark(*draws, request)};
 }
 
 }  // namespace ssq

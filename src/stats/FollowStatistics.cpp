@@ -6,6 +6,7 @@
 #include "base/combinations.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "chance/Chance.h"
 #include "draws/Draw.h"
 #include "draws/Public_var.h"
 #include "ui/Host.h"
@@ -17,6 +18,7 @@ namespace {
 
 constexpr int kWholeCol = 2;
 constexpr int kFirstPartCol = 3;
+constexpr int kLargestPart = 3;
 
 constexpr Rgb kOneHit{236, 241, 241};
 constexpr Rgb kTwoHits{236, 241, 200};
@@ -75,6 +77,16 @@ void WriteRates(const ColumnCounts& counts, int draws, ResultGrid& grid) {
     counts.WriteRates(grid, row, kWholeCol, grid.cols() - 1, draws);
 }
 
+std::string Remark(const std::vector<int>& list) {
+    RedSet different;
+    for (const int number : list) different.Add(number);
+    std::string text = "机会线：全码 " + InPercent(ChanceOfAnyHit(different.Count()));
+    for (int part = 1; part <= kLargestPart; ++part) {
+        text += "，" + std::to_string(part) + "码 " + InPercent(ChanceOfAnyHit(part));
+    }
+    return text + "。";
+}
+
 }  // namespace
 
 bool CheckNumberList(Host& host, std::string_view list) {
@@ -114,7 +126,7 @@ std::optional<GridReport> BuildFollowStatistics(Session& session, const FollowRe
         grid.SetBack(row, kWholeCol, kWholeHits);
     }
     WriteRates(counts, count, grid);
-    return GridReport{std::move(grid), {}};
+    return GridReport{std::move(grid), {}, count > 0 ? Remark(groups.front()) : std::string()};
 }
 
 }  // namespace ssq

@@ -4,6 +4,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "chance/Chance.h"
 #include "draws/Public_var.h"
 #include "draws/queries.h"
 #include "store/WriteBatch.h"
@@ -172,6 +173,16 @@ bool WriteForecast(Session& session, const Stretch& stretch, ResultGrid& grid, i
     return true;
 }
 
+// The first row has no row above it to repeat.
+std::string Remark(int rows) {
+    if (rows == 0) return {};
+    constexpr int kWideZone = 7;
+    constexpr int kLastZone = 5;
+    return "机会线：1～4区 " + InPercent(ChanceOfAnyHit(kWideZone)) + "，5区 " +
+           InPercent(ChanceOfAnyHit(kLastZone)) + "，重号 " +
+           InPercent(ChanceOfAnyHit(kRedsInDraw) * (rows - 1) / rows) + "。";
+}
+
 }  // namespace
 
 HeatOrder HeatOrderOf(std::span<const Draw> window) {
@@ -240,6 +251,7 @@ HeatOutcome BuildHeatRanking(Session& session, const HeatRequest& request, Run& 
     grid.SetRowHeight(rates, kRowHeight);
     grid.SetCell(rates, 1, "概率");
     counts.WriteRates(grid, rates, kFirstZoneCol, kRepeatsCol, draws);
+    outcome.report->remark = Remark(draws);
     return outcome;
 }
 

@@ -30,6 +30,7 @@ frmBianMa::frmBianMa(const PanelContext& context, QWidget* parent)
     cboHMSX_ = AddCombo(inputs(), "CBOHMSX", QStringLiteral("顺序:"), {"大小顺序", "出球顺序"});
     AddRunButton({"Command1", "分析"}, [this](Run&) { return Analyse(); });
     GridView* vs1 = AddResults("Frame2", "边码分析结果 此功能的间隔汇总和期数汇总分析胆码非常稳定");
+    AddRemark();
     SetPopup(context, *vs1, "m_fzhm1", "复制号码1",
              {{"m_fzhm", "复制选中的号码", [vs1] { CopySelection(*vs1); }}},
              [this] { return !resultsCaption().contains(QStringLiteral("汇总")); });

@@ -29,6 +29,7 @@ frmHongHaomaGens::frmHongHaomaGens(const PanelContext& context, QWidget* parent)
     AddResults("Frame2",
                "号码跟随统计,分解任意输入的号码为1码，2码，3码的命中走势图，"
                "全码为您输入的所有号码的命中个数");
+    AddRemark();
 }
 
 bool frmHongHaomaGens::Analyse(Run& run) {

@@ -26,6 +26,10 @@ frmLengRe::frmLengRe(const PanelContext& context, QWidget* parent)
                   .busyCaption = "统计中..."},
                  [this](Run& run) { return Rank(run); });
     GridView* vs1 = AddResults("Frame2", "分析结果");
+    AddRemark([this] {
+        return ControlTexts{{"cboFangFa", "冷热号码"},
+                            {"cboFxqs", cboFxqs_->currentText().toStdString()}};
+    });
     SetPopup(context, *vs1, "m_frmLengrePaiming", "排名分析",
              {{"m_frmLengren_fuzhi", "复制选中的号码", [vs1] { CopySelection(*vs1); }},
               {"m_frmlengre_hmpm", "该号排名分析", [this] { ShowCourse(); }}});

@@ -7,6 +7,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "chance/Chance.h"
 #include "draws/Draw.h"
 #include "draws/NumberSource.h"
 #include "draws/Public_var.h"
@@ -98,9 +99,18 @@ std::string TargetText(const Draw& draw, FormulaTarget target) {
     return Join(items, ",");
 }
 
+double LowOf(const FormulaTest& test) {
+    return ParseNumber(test.low).value_or(0);
+}
+
+double HighOf(const FormulaTest& test) {
+    return ParseNumber(test.high).value_or(0);
+}
+
 struct TestLog {
     int draws = 0;
     int right = 0;
+    double chances = 0;  // of the draws judged
     std::string rightLog;
     std::string wrongLog;
     std::string lastIssue;
@@ -110,8 +120,7 @@ struct TestLog {
 void Judge(const Draw& draw, const FormulaTest& test, TestLog& log) {
     const std::string shown = TargetText(draw, test.target);
     const int hits = FormulaHits(draw, log.prediction, test.target);
-    const bool isRight =
-        hits >= ParseNumber(test.low).value_or(0) && hits <= ParseNumber(test.high).value_or(0);
+    const bool isRight = hits >= LowOf(test) && hits <= HighOf(test);
     if (isRight) ++log.right;
     (isRight ? log.rightLog : log.wrongLog) += draw.issue + ": " + shown + "      中" +
                                                std::to_string(hits) + "      " + log.prediction +
@@ -129,6 +138,11 @@ std::string Report(const FormulaTest& test, const TestLog& log) {
            "期.共错误:" + std::to_string(log.draws - log.right) +
            "期，以下是正确的号码和期号:" + lineEnds + log.rightLog + lineEnds +
            "以下是错误的期号和号码：" + lineEnds + log.wrongLog;
+}
+
+std::string Remark(const TestLog& log) {
+    return "机会线：同样多的号码随便选，正确率 " + InPercent(log.chances / log.draws) +
+           "（第一期没有上期，不算对）。";
 }
 
 // The balls that the formulas name for the draw behind the last of these.
@@ -210,7 +224,25 @@ int FormulaHits(const Draw& draw, const std::string& values, FormulaTarget targe
     return hits;
 }
 
-std::optional<std::string> TestFormulas(Session& session, const FormulaTest& test, Run& run) {
+// The balls of one number or tail that the values name are a class; one that stands twice weighs
+// two.
+double ChanceOfFormulaHits(const std::string& values, FormulaTarget target, double low,
+                           double high) {
+    constexpr int kTails = 10;
+    const bool isTail = target == FormulaTarget::kTail;
+    const bool isBlue = target == FormulaTarget::kBlue;
+    const int balls = isBlue ? kBlues : kReds;
+    std::vector<BallClass> classes;
+    for (int number = isTail ? 0 : 1; number <= (isTail ? kTails - 1 : balls); ++number) {
+        BallClass named{1, 0};
+        CountCommonBalls(TwoDigits(number), values, 0, 0, named.weight);
+        if (isTail) named.size = (balls - number) / kTails + (number > 0 ? 1 : 0);
+        if (named.weight > 0) classes.push_back(named);
+    }
+    return ChanceOfWeight(classes, balls, isBlue ? 1 : kRedsInDraw, low, high);
+}
+
+std::optional<FormulaTestReport> TestFormulas(Session& session, const FormulaTest& test, Run& run) {
     const auto formulas = LoadFormulaList(session);
     if (!formulas) return std::nullopt;
     const auto draws = ReadDraws(session, test.range);
@@ -226,11 +258,15 @@ std::optional<std::string> TestFormulas(Session& session, const FormulaTest& tes
         auto prediction = EvaluateFormulas(draw, *formulas, test.target, errorText);
         if (!prediction) session.host.ShowMessage(errorText);
         if (!prediction || prediction->empty()) return std::nullopt;
-        if (log.draws++ > 0) Judge(draw, test, log);
+        if (log.draws++ > 0) {
+            Judge(draw, test, log);
+            log.chances +=
+                ChanceOfFormulaHits(log.prediction, test.target, LowOf(test), HighOf(test));
+        }
         log.lastIssue = draw.issue;
         log.prediction = std::move(*prediction);
     }
-    return Report(test, log);
+    return FormulaTestReport{Report(test, log), Remark(log)};
 }
 
 }  // namespace ssq

@@ -32,6 +32,10 @@ std::optional<std::string> EvaluateFormulas(const Draw& draw,
 // How many of the values are in the draw; one that stands twice counts twice.
 int FormulaHits(const Draw& draw, const std::string& values, FormulaTarget target);
 
+// The chance that `low` to `high` of the values are in a draw, counted so.
+double ChanceOfFormulaHits(const std::string& values, FormulaTarget target, double low,
+                           double high);
+
 // The draws of a stretch on which to test the stored formulas, and how many hits count as right:
 // texts that have passed CheckPeriod and CheckRange.
 struct FormulaTest {
@@ -47,9 +51,14 @@ struct FormulaTest {
 std::vector<NumberSource> FormulaSources(std::vector<std::string> formulas, FormulaTarget target,
                                          double low, double high);
 
+struct FormulaTestReport {
+    std::string lines;   // ended by CR LF
+    std::string remark;  // what as many numbers picked at random would reach
+};
+
 // Each draw of the test against what the formulas give for the draw before it: the report's
 // lines, ended by CR LF. Nothing when the run ends, after a message (a formula's error, no draws,
 // the store's text), and without one when no formula is stored.
-std::optional<std::string> TestFormulas(Session& session, const FormulaTest& test, Run& run);
+std::optional<FormulaTestReport> TestFormulas(Session& session, const FormulaTest& test, Run& run);
 
 }  // namespace ssq

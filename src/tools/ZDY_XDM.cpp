@@ -19,6 +19,7 @@
 #include "tools/Expression.h"
 #include "tools/FormulaFiles.h"
 #include "ui/Host.h"
+#include "ui/qt/ChanceRemark.h"
 #include "ui/qt/Desktop.h"
 #include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
@@ -122,7 +123,9 @@ QWidget* ZDY_XDM::BuildResults() {
     list2_->setOpenLinks(false);
     connect(list2_, &QTextBrowser::anchorClicked, this,
             [this](const QUrl& url) { context().desktop.Open(url.toString()); });
-    (new QVBoxLayout(group))->addWidget(list2_);
+    auto* column = new QVBoxLayout(group);
+    column->addWidget(list2_);
+    column->addWidget(remark_ = new ChanceRemark(context()));
     return group;
 }
 
@@ -250,9 +253,17 @@ bool ZDY_XDM::Test(Run& run) {
     if (!CheckPeriod(session(), test.range) || list1_->count() == 0 || !CheckHits()) return false;
     list2_->setCurrentCharFormat({});  // not the link's
     list2_->setPlainText(QStringLiteral("正在计算中,请稍候......"));
+    remark_->Show({});
     const auto report = TestFormulas(session(), test, run);
     if (!report) return false;
-    list2_->setPlainText(Qs(*report));
+    list2_->setPlainText(Qs(report->lines));
+    const char* const option = test.target == FormulaTarget::kRed    ? "optRed"
+                               : test.target == FormulaTarget::kBlue ? "optBLUE"
+                                                                     : "optDW";
+    remark_->Show(report->remark, {{"cboFangFa", "自助胆码公式"},
+                                   {option, "1"},
+                                   {"TxtMzs", test.low},
+                                   {"TxtMze", test.high}});
     NameNumbers(FormulaSources(formulas(), test.target, ParseNumber(test.low).value_or(0),
                                ParseNumber(test.high).value_or(0)));
     return true;

@@ -16,6 +16,8 @@ class QTextBrowser;
 
 namespace ssq {
 
+class ChanceRemark;
+
 class ZDY_XDM final : public Panel {
   public:
     ZDY_XDM(const PanelContext& context, QWidget* parent);
@@ -56,6 +58,7 @@ class ZDY_XDM final : public Panel {
     QRadioButton* optBLUE_;
     QRadioButton* optDW_;
     QTextBrowser* list2_;
+    ChanceRemark* remark_;
 };
 
 }  // namespace ssq

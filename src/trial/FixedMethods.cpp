@@ -120,12 +120,14 @@ class OwnFormulasMethod final : public Method {
             EvaluateFormulas(before.draws.front(), settings_.formulas, settings_.target, errorText);
         if (!values) return Prediction{NotJudged::kBadFormula, {}, {}};
         if (values->empty()) return Prediction{NotJudged::kNoNumbers, {}, {}};
-        return Prediction{NotJudged::kJudged,
-                          {*values},
-                          {HitWhen(Chance(*values), [this, list = *values](const Draw& draw) {
-                              const int hits = FormulaHits(draw, list, settings_.target);
-                              return hits >= settings_.low && hits <= settings_.high;
-                          })}};
+        return Prediction{
+            NotJudged::kJudged,
+            {*values},
+            {HitWhen(ChanceOfFormulaHits(*values, settings_.target, settings_.low, settings_.high),
+                     [this, list = *values](const Draw& draw) {
+                         const int hits = FormulaHits(draw, list, settings_.target);
+                         return hits >= settings_.low && hits <= settings_.high;
+                     })}};
     }
 
     std::string Shown(const Draw& draw) const override {
@@ -133,22 +135,6 @@ class OwnFormulasMethod final : public Method {
     }
 
   private:
-    // The balls of one number or tail that the values name; one that stands twice weighs two.
-    double Chance(const std::string& values) const {
-        constexpr int kTails = 10;
-        const bool isTail = settings_.target == FormulaTarget::kTail;
-        const int balls = settings_.target == FormulaTarget::kBlue ? kBlues : kReds;
-        std::vector<BallClass> classes;
-        for (int number = isTail ? 0 : 1; number <= (isTail ? kTails - 1 : balls); ++number) {
-            BallClass named{1, 0};
-            CountCommonBalls(TwoDigits(number), values, 0, 0, named.weight);
-            if (isTail) named.size = (balls - number) / kTails + (number > 0 ? 1 : 0);
-            if (named.weight > 0) classes.push_back(named);
-        }
-        const int drawn = settings_.target == FormulaTarget::kBlue ? 1 : kRedsInDraw;
-        return ChanceOfWeight(classes, balls, drawn, settings_.low, settings_.high);
-    }
-
     OwnFormulasTrial settings_;
 };
 

@@ -52,6 +52,8 @@ class ColumnCounts {
 struct GridReport {
     ResultGrid grid;
     std::string caption;  // of the group around the grid; empty leaves the one that stands there
+    // What as many numbers picked at random would reach; empty where nothing was judged.
+    std::string remark = {};
 };
 
 }  // namespace ssq

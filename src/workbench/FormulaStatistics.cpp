@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "base/numbers.h"
+#include "chance/Chance.h"
+#include "draws/Draw.h"
 #include "draws/Public_var.h"
 #include "draws/queries.h"
 #include "ui/Host.h"
@@ -77,6 +79,19 @@ void FillRow(ResultGrid& grid, int row, const FormulaRow& formula, int total,
     set(kGapColumn, stats.CurrentGap(total));
     grid.SetCell(row, kNumbersColumn, formula.numbers);
     grid.SetCell(row, kHitsColumn, next.HitsOf(formula.numbers));
+}
+
+std::string Remark(const FormulaCondition& condition, int draws) {
+    if (draws == 0) return {};
+    const HitLevels levels = LevelsMeeting(condition);
+    double chance = 0;
+    for (int level = 0; level < kLevels; ++level) {
+        if (levels[static_cast<std::size_t>(level)]) chance += ChanceOfHits(kRedsInDraw, level);
+    }
+    return "机会线：任意 6 个号码，命中" + condition.comparison + std::to_string(condition.reds) +
+           " 的机会是 " + InPercent(chance) + "；" + std::to_string(kFormulaCount) +
+           " 条里最好的一条，靠运气也有 " +
+           InPercent(BestRateByLuck(kFormulaCount, draws, chance) / 100) + "。";
 }
 
 bool BringEdgeTableLevel(Session& session, const Run& run) {
@@ -155,6 +170,7 @@ std::optional<FormulaReport> FormulaStatistics(Session& session, const FormulaCo
         report.rows.push_back({formula, stats, ForecastNumbers(*draws, formula)});
         FillRow(report.grid, row++, report.rows.back(), total, next);
     }
+    report.remark = Remark(condition, total);
     return report;
 }
 

@@ -73,6 +73,7 @@ struct FormulaReport {
     std::string nextDrawLine;  // which draw is forecast, and its reds once it took place
     ResultGrid grid;
     std::vector<FormulaRow> rows;  // of the grid, from row 1 on
+    std::string remark;            // what luck gives; empty without draws
 };
 
 // Headings, widths and alignments of the columns up to the current gap, on a grid with one fixed

@@ -10,6 +10,7 @@
 
 #include "draws/Public_var.h"
 #include "ui/Host.h"
+#include "ui/qt/ChanceRemark.h"
 #include "ui/qt/GridExport.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
@@ -28,8 +29,6 @@ namespace {
 
 enum Tab { kResultsTab, kFiltersTab, kChartTab };
 
-constexpr int kLongestThreshold = 32;  // characters
-
 struct TabEntry {
     const char* caption;
     const char* key;
@@ -42,16 +41,6 @@ constexpr std::array kTabs = {
     TabEntry{" 公式筛选", "gsxs", "对公式统计的结果进行筛选"},
     TabEntry{"公式走势图", "gszst", "选择公式后查看该公式的命中走势"},
 };
-
-QComboBox* AddFreeCombo(QBoxLayout* row, const char* name, const char* label,
-                        std::initializer_list<const char*> entries) {
-    QComboBox* combo = AddCombo(row, name, QString::fromUtf8(label), entries);
-    combo->setEditable(true);
-    combo->setInsertPolicy(QComboBox::NoInsert);
-    combo->lineEdit()->setMaxLength(kLongestThreshold);
-    combo->setCompleter(nullptr);  // "3" is a number of its own, not the start of "30"
-    return combo;
-}
 
 }  // namespace
 
@@ -105,6 +94,7 @@ void frmShaHao::BuildTabs(QBoxLayout* column) {
                        [this] { mainButton()->click(); });
     BuildFilters(views);
     BuildChart(views);
+    column->addWidget(remark_ = new ChanceRemark(context()));
     connect(tab1_, &QTabBar::currentChanged, this, [this](int tab) { ShowView(tab); });
     // A click on the tab that is selected already looks again what there is to show.
     connect(tab1_, &QTabBar::tabBarClicked, this, [this](int tab) {
@@ -115,12 +105,12 @@ void frmShaHao::BuildTabs(QBoxLayout* column) {
 void frmShaHao::BuildFilters(QBoxLayout* views) {
     filters_ = AddGroup(views, "Frame2", QStringLiteral("筛选条件"));
     auto* row = AddRow(filters_);
-    cboYLCS_ = AddFreeCombo(
-        row, "cboYLCS", "当前遗漏次数>=", {"1", "5", "10", "30", "50", kGapFilter.maximumKeyword});
+    cboYLCS_ = AddFreeCombo(row, "cboYLCS", QStringLiteral("当前遗漏次数>="),
+                            {"1", "5", "10", "30", "50", kGapFilter.maximumKeyword});
     SetMainButtonOf(cboYLCS_, AddButton(row, "Command2", QStringLiteral("筛选"),
                                         [this] { Filter(kGapFilter, cboYLCS_->currentText()); }));
-    cboYCCS_ = AddFreeCombo(
-        row, "cboYCCS", "当前连出次数>=", {"1", "5", "10", "30", "50", kRunFilter.maximumKeyword});
+    cboYCCS_ = AddFreeCombo(row, "cboYCCS", QStringLiteral("当前连出次数>="),
+                            {"1", "5", "10", "30", "50", kRunFilter.maximumKeyword});
     SetMainButtonOf(cboYCCS_, AddButton(row, "Command3", QStringLiteral("筛选"),
                                         [this] { Filter(kRunFilter, cboYCCS_->currentText()); }));
     txtGL_ = AddTextBox(row, "txtGL", QStringLiteral("出现概率>="));
@@ -192,6 +182,7 @@ std::string frmShaHao::conditionText() const {
 bool frmShaHao::FormulaStatistics(Run& run) {
     vs1_->SetGrid({});
     vs2_->SetGrid({});
+    remark_->Show({});
     SelectTab(kResultsTab);
     const FormulaCondition condition{cboWhere_->currentText().toStdString(),
                                      cboNum_->currentText().toInt()};
@@ -199,6 +190,10 @@ bool frmShaHao::FormulaStatistics(Run& run) {
     if (!report) return false;
     nextDraw_->setText(Qs(report->nextDrawLine));
     vs1_->SetGrid(std::move(report->grid));
+    remark_->Show(report->remark, {{"cboFangFa", "单条公式"},
+                                   {"cboWhere", condition.comparison},
+                                   {"CboNUM", std::to_string(condition.reds)},
+                                   {"cboFxqs", "全部"}});
     return true;
 }
 

@@ -16,6 +16,7 @@ class QTabBar;
 
 namespace ssq {
 
+class ChanceRemark;
 class GridView;
 class IssueCombo;
 class LineChart;
@@ -61,6 +62,7 @@ class frmShaHao final : public Panel {
     ProgressStrip* progress_;
     QTabBar* tab1_;
     GridView* vs1_;
+    ChanceRemark* remark_;
     QGroupBox* filters_;
     QComboBox* cboYLCS_;
     QComboBox* cboYCCS_;

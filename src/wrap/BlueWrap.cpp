@@ -1,9 +1,11 @@
 #include "wrap/BlueWrap.h"
 
 #include <cstdlib>
+#include <set>
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "chance/Chance.h"
 #include "draws/Draw.h"
 #include "draws/Public_var.h"
 #include "ui/Host.h"
@@ -42,6 +44,12 @@ ResultGrid EmptyGrid(int draws) {
     AddTwoDigits(columns, 1, kItems, 600);
     columns.push_back({"判定", 650});
     return MakeGrid(columns, draws + 2, 1, 2, 300);
+}
+
+// The chance that the blue is among the items shown, of which one may stand twice.
+double ChanceOf(const BlueWrapResult& wrap) {
+    const std::vector<std::string> items = ShownItems(wrap);
+    return static_cast<double>(std::set(items.begin(), items.end()).size()) / kBlues;
 }
 
 // Writes the wrap; answers whether `blue` is among them.
@@ -108,11 +116,17 @@ std::optional<GridReport> BuildBlueWrap(Session& session, const PeriodRange& ran
     const int count = static_cast<int>(draws->size());
     ResultGrid grid = EmptyGrid(count);
     int row = 1;
+    double chances = 0;
+    int hits = 0;
     for (const Draw& draw : *draws) {
         const std::string blue = TwoDigits(draw.blue);
         grid.SetCell(row, 0, draw.issue);
         grid.SetCell(row, 1, blue);
-        WriteVerdict(grid, row, WriteWrap(grid, row, wrapBehind(), blue));
+        const BlueWrapResult wrap = wrapBehind();
+        const bool isHit = WriteWrap(grid, row, wrap, blue);
+        WriteVerdict(grid, row, isHit);
+        chances += ChanceOf(wrap);
+        if (isHit) ++hits;
         blues.push_back(draw.blue);
         ++row;
     }
@@ -121,7 +135,10 @@ std::optional<GridReport> BuildBlueWrap(Session& session, const PeriodRange& ran
     grid.SetCell(row, 1, "围蓝");
     WriteWrap(grid, row, wrapBehind(), {});
     grid.SetCell(row, kVerdictCol, "未开奖");
-    return GridReport{std::move(grid), {}};
+    return GridReport{std::move(grid),
+                      {},
+                      "机会线：随便选同样多的蓝球，命中 " + InPercent(chances / count) + "；本表 " +
+                          InPercent(static_cast<double>(hits) / count) + "。"};
 }
 
 }  // namespace ssq

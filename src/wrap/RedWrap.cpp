@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "base/numbers.h"
 #include "base/text.h"
+#include "chance/Chance.h"
 #include "draws/Draw.h"
 #include "draws/Public_var.h"
 #include "ui/Host.h"
@@ -195,13 +197,18 @@ std::optional<GridReport> BuildRedWrap(Session& session, const PeriodRange& rang
     ResultGrid grid = EmptyGrid(count);
     RecentDraws recent(*earlier);
     std::vector<PairSet> missed;
+    double expected = 0;
+    int wrapped = 0;
     for (int row = 1; row <= count; ++row) {
         if (!run.Step(row, count)) return std::nullopt;
         const Draw& draw = (*draws)[static_cast<std::size_t>(row - 1)];
         grid.SetCell(row, 0, draw.issue);
         grid.SetCell(row, 1, draw.reds);
         recent.MoveTo(static_cast<std::size_t>(row), missed);
-        const int hits = WriteWrap(grid, row, RedWrap(recent.seen()), draw.set);
+        const std::vector<int> wrap = RedWrap(recent.seen());
+        const int hits = WriteWrap(grid, row, wrap, draw.set);
+        wrapped += hits;
+        expected += OddsOfReds(std::min(static_cast<int>(wrap.size()), kWrapSize)).mean;
         grid.SetCell(row, kHitsCol, std::to_string(hits));
         grid.SetBack(row, kHitsCol, kStripe);
         missed.push_back(MissedPairs(draw.set));
@@ -211,7 +218,11 @@ std::optional<GridReport> BuildRedWrap(Session& session, const PeriodRange& rang
     grid.SetCell(count + 1, 1, "下期预测号码");
     recent.MoveBehind(missed);
     WriteWrap(grid, count + 1, RedWrap(recent.seen()), {});
-    return GridReport{std::move(grid), {}};
+    return GridReport{std::move(grid),
+                      {},
+                      "机会线：随便围同样多的号码，平均围住 " +
+                          NumberText(Round(expected / count)) + " 个；本表平均 " +
+                          NumberText(Round(static_cast<double>(wrapped) / count)) + " 个。"};
 }
 
 }  // namespace ssq

@@ -21,10 +21,11 @@ frm18MaWeiHong::frm18MaWeiHong(const PanelContext& context, QWidget* parent)
                   .isDisabledInRun = true,
                   .staysAfterFailure = true},
                  [this](Run& run) {
-                     results().SetGrid({});
+                     ClearResults();
                      return Show(BuildRedWrap(session(), range(), run));
                  });
     GridView* vs1 = AddResults("Frame2", "围红推荐结果(选择号码点鼠标右键可进行复制)");
+    AddRemark([] { return ControlTexts{{"cboFangFa", "智能围红"}}; });
     SetPopup(context, *vs1, "m_fz18", "复制号码1",
              {{"m_fz181", "复制号码", [vs1] { CopySelection(*vs1); }}},
              [vs1] { return vs1->grid().rows() >= 2; });

@@ -12,6 +12,7 @@ frmWeiLan::frmWeiLan(const PanelContext& context, QWidget* parent)
     AddRunButton({"Command1", "围蓝"},
                  [this](Run&) { return Show(BuildBlueWrap(session(), range())); });
     GridView* vs1 = AddResults("Frame2", "智能围蓝结果(选择号码点鼠标右键可进行复制)");
+    AddRemark([] { return ControlTexts{{"cboFangFa", "智能围蓝"}}; });
     SetPopup(context, *vs1, "m_fz1", "复制号码1",
              {{"m_fz", "复制号码", [vs1] { CopySelection(*vs1); }}},
              [vs1] { return vs1->grid().rows() >= 2; });

@@ -104,7 +104,7 @@ TEST_F(Learning, EndsWithTheOldFormulasOrTheNewOnes) {
     database.Run("create trigger t before insert on xxjl begin select raise(abort,'full'); end");
     EXPECT_FALSE(Learn("2020050"));
     EXPECT_EQ(State(), before);
-    EXPECT_THAT(database.host().Texts(), ElementsAre("期号填写错误！", "full"));
+    EXPECT_THAT(database.host().Texts(), ElementsAre("期号填写错误！", "保存数据失败：full"));
 
     // Too few draws leave no formula behind, so that no recommendation uses those of other draws.
     database.Run("drop trigger t");

@@ -46,7 +46,7 @@ TEST_F(AcquireRoad, BringsAnEmptyHistoryUpToDate) {
     driver.Sql(
         "create trigger stop before insert on cphm when new.kjqh=2003005 "
         "begin select raise(abort,'disk full'); end");
-    EXPECT_THAT(UpdateDraws(newer), ElementsAre("disk full"));
+    EXPECT_THAT(UpdateDraws(newer), ElementsAre("保存开奖数据失败：disk full"));
     EXPECT_EQ(driver.Get("bar1")["panels"][0], "最新:2003004");
     driver.Sql("drop trigger stop");
     EXPECT_THAT(UpdateDraws(newer), ElementsAre("共更新2期!"));

@@ -92,7 +92,7 @@ TEST_F(Stats, AHeatRunStopsAtItsFirstRowWithoutItsTable) {
     ASSERT_TRUE(outcome.report);
     EXPECT_EQ(Cells(outcome.report->grid, 1, 0, 2), "03001 01,02,03,04,05,06 ");
     EXPECT_EQ(Cells(outcome.report->grid, 2, 0, 2), "  ");
-    EXPECT_THAT(TakeTexts(), ElementsAre("no such table: rtoc"));
+    EXPECT_THAT(TakeTexts(), ElementsAre("保存数据失败：no such table: rtoc"));
 }
 
 TEST_F(Stats, EdgeCodesComeFromTheDrawSoManyRowsAbove) {

@@ -78,12 +78,16 @@ class FormulaTests : public testing::Test {
                                     const PeriodRange& range = {"2009001", "2009003"}) {
         EXPECT_TRUE(SaveFormulaList(session(), formulas));
         ssq::Run run(database_.host());
-        return TestFormulas(session(), {range, "1", "6", target}, run);
+        auto report = TestFormulas(session(), {range, "1", "6", target}, run);
+        if (!report) return std::nullopt;
+        remark_ = report->remark;
+        return report->lines;
     }
 
     Session& session() { return database_.session(); }
 
     TestDatabase database_;
+    std::string remark_;
 };
 
 // From 2009001 the formulas give 01 and 12, of which 2009002 shows both; from that 01 and 12 again
@@ -97,6 +101,8 @@ TEST_F(FormulaTests, ReportsTheDrawsHitAndThePredictionForTheNext) {
               "2009002: 01,12,13,14,20,30      中2      01,12\r\n"
               "2009003: 02,12,23,24,25,26      中1      01,12\r\n"
               "\r\n\r\n以下是错误的期号和号码：\r\n\r\n");
+    // Two reds come out with 1 - C(31,6)/C(33,6) = 33.52 %, on two draws of three.
+    EXPECT_THAT(remark_, HasSubstr("正确率 22.35%"));
     EXPECT_THAT(*Test({"a7+1"}, FormulaTarget::kBlue),
                 testing::AllOf(HasSubstr("2009002: 10      中1      10\r\n"),
                                HasSubstr("号码：\r\n\r\n2009003: 03      中0      11\r\n")));

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/qt/look.h"
+
 namespace ssq {
 
 namespace {
@@ -15,7 +17,7 @@ namespace {
 constexpr int kMarginPad = 6;  // pixels on both sides of the numbers
 constexpr int kFewestDigits = 3;
 constexpr QRgb kFaultBack = qRgb(0xFB, 0xDD, 0xD6);
-constexpr QRgb kFaultInk = qRgb(0xB0, 0x2A, 0x1A);
+constexpr QRgb kFaultBackOnDark = qRgb(0x5C, 0x2B, 0x24);
 
 // A line of the text is a block of the document, never a part of one.
 QString AsBlocks(QString text) {
@@ -79,7 +81,7 @@ void NumberedEdit::ShowMarks() {
         if (!block.isValid()) continue;
         QTextEdit::ExtraSelection mark;
         mark.cursor = QTextCursor(block);
-        mark.format.setBackground(QColor(kFaultBack));
+        mark.format.setBackground(QColor(IsDark(palette()) ? kFaultBackOnDark : kFaultBack));
         mark.format.setProperty(QTextFormat::FullWidthSelection, true);
         marks.append(mark);
     }
@@ -136,7 +138,7 @@ void NumberedEdit::PaintMargin(const QRect& area) {
         const double height = blockBoundingRect(block).height();
         const int line = block.blockNumber() + 1;
         const bool faulty = faults_.contains(line);
-        painter.setPen(faulty ? QColor(kFaultInk) : palette().color(QPalette::PlaceholderText));
+        painter.setPen(faulty ? FaultInk(palette()) : palette().color(QPalette::PlaceholderText));
         painter.drawText(QRectF(0, top, margin_->width() - kMarginPad, height),
                          Qt::AlignRight | Qt::AlignVCenter, QString::number(line));
         top += height;

@@ -34,6 +34,12 @@ class StripWatcher final : public RunWatcher {
     int number_;
 };
 
+// Only windows of the kind of a dialog stay above their owner on every window system. They have the
+// buttons of an ordinary one but for that to minimise, which would take the owner along.
+constexpr Qt::WindowFlags kOwnedWindow = Qt::Dialog | Qt::WindowTitleHint |
+                                         Qt::WindowSystemMenuHint | Qt::WindowMaximizeButtonHint |
+                                         Qt::WindowCloseButtonHint;
+
 }  // namespace
 
 bool PanelRuns::Work(const std::function<bool(Run&)>& work, Run& run) {
@@ -69,7 +75,7 @@ bool PanelRuns::Perform(const Controls& controls, const std::function<bool(Run&)
 }
 
 Panel::Panel(const PanelContext& context, QWidget* parent, const Form& form)
-    : QWidget(parent, Qt::Window), context_(context), runs_(context.session.host) {
+    : QWidget(parent, kOwnedWindow), context_(context), runs_(context.session.host) {
     setObjectName(QString::fromUtf8(form.name));
     setWindowTitle(QString::fromUtf8(form.title));
     FitOrMaximize(*this, {form.width, form.height});

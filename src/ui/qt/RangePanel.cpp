@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "draws/Public_var.h"
+#include "ui/qt/ChanceRemark.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
 #include "ui/qt/ProgressStrip.h"
@@ -70,6 +71,16 @@ GridView* RangePanel::AddResults(const char* groupName, const char* caption) {
     return vs1_;
 }
 
+void RangePanel::AddRemark(std::function<ControlTexts()> blindTest) {
+    blindTest_ = std::move(blindTest);
+    resultsGroup_->layout()->addWidget(remark_ = new ChanceRemark(context()));
+}
+
+void RangePanel::ClearResults() {
+    vs1_->SetGrid({});
+    if (remark_) remark_->Show({});
+}
+
 void RangePanel::SetResultsCaption(const std::string& caption) {
     resultsGroup_->setTitle(Qs(caption));
 }
@@ -82,6 +93,7 @@ bool RangePanel::Show(std::optional<GridReport> report) {
     if (!report || isClosed() || (run_ && !run_->goesOn())) return false;
     if (!report->caption.empty()) SetResultsCaption(report->caption);
     vs1_->SetGrid(std::move(report->grid));
+    if (remark_) remark_->Show(report->remark, blindTest_ ? blindTest_() : ControlTexts());
     vs1_->verticalScrollBar()->setValue(vs1_->verticalScrollBar()->maximum());
     return true;
 }

@@ -17,6 +17,7 @@ class QVBoxLayout;
 
 namespace ssq {
 
+class ChanceRemark;
 class GridView;
 
 class RangePanel : public Panel {
@@ -58,6 +59,12 @@ class RangePanel : public Panel {
     // which the empty grid's link presses.
     GridView* AddResults(const char* groupName, const char* caption);
     GridView& results() const { return *vs1_; }
+    // The chance remark under the grid: Show fills it from the report. `blindTest` gives the
+    // settings that its link opens the blind test with, as they are when the report is shown;
+    // without it there is no link.
+    void AddRemark(std::function<ControlTexts()> blindTest = {});
+    // Empties the grid and its remark.
+    void ClearResults();
     void SetResultsCaption(const std::string& caption);
     QString resultsCaption() const;
 
@@ -74,6 +81,8 @@ class RangePanel : public Panel {
     QGroupBox* resultsGroup_ = nullptr;
     const Run* run_ = nullptr;  // the one whose work has control
     GridView* vs1_ = nullptr;
+    ChanceRemark* remark_ = nullptr;
+    std::function<ControlTexts()> blindTest_;
 };
 
 }  // namespace ssq

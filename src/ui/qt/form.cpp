@@ -97,6 +97,17 @@ QComboBox* AddCombo(QBoxLayout* row, const char* name, const QString& label,
     return combo;
 }
 
+QComboBox* AddFreeCombo(QBoxLayout* row, const char* name, const QString& label,
+                        std::initializer_list<const char*> entries) {
+    constexpr int kLongestNumber = 32;  // characters
+    QComboBox* combo = AddCombo(row, name, label, entries);
+    combo->setEditable(true);
+    combo->setInsertPolicy(QComboBox::NoInsert);
+    combo->lineEdit()->setMaxLength(kLongestNumber);
+    combo->setCompleter(nullptr);  // "3" is a number of its own, not the start of "30"
+    return combo;
+}
+
 QLineEdit* AddTextBox(QBoxLayout* row, const char* name, const QString& label) {
     constexpr int kTextBoxWidth = 120;
     constexpr int kLongestText = 1000;  // characters; no told input comes near it
@@ -135,6 +146,7 @@ QPushButton* AddPeriodMenu(QBoxLayout* row, IssueCombo& start, IssueCombo& end) 
     constexpr int kBesideText = 40;  // pixels for the frame and the arrow
     auto* button = AddButton(row, "mnuQishu", QStringLiteral("最近"), {});
     button->setToolTip(QStringLiteral("选择最近的期数"));
+    button->setFocusPolicy(Qt::TabFocus);  // a click leaves the keys to the combos
     button->setMaximumWidth(button->fontMetrics().horizontalAdvance(button->text()) + kBesideText);
     auto* menu = new QMenu(button);
     const auto add = [&](const QString& caption, int draws) {

@@ -41,6 +41,9 @@ IssueCombo* AddIssueCombo(QBoxLayout* row, const char* name, const QString& labe
 QPushButton* AddPeriodMenu(QBoxLayout* row, IssueCombo& start, IssueCombo& end);
 QComboBox* AddCombo(QBoxLayout* row, const char* name, const QString& label,
                     std::initializer_list<const char*> entries = {});
+// A combo that takes a typed number, too.
+QComboBox* AddFreeCombo(QBoxLayout* row, const char* name, const QString& label,
+                        std::initializer_list<const char*> entries);
 QLineEdit* AddTextBox(QBoxLayout* row, const char* name, const QString& label);
 QRadioButton* AddOption(QBoxLayout* row, const char* name, const QString& caption);
 QCheckBox* AddCheckBox(QBoxLayout* row, const char* name, const QString& caption);

@@ -53,10 +53,10 @@ constexpr Shades kLight = {.window = 0xFFF4F6F6,
                            .visited = 0xFF6A4F8F,
                            .tip = 0xFFFFFBE6};
 
-constexpr Shades kDark = {.window = 0xFF2A2F31,
-                          .base = 0xFF1F2426,
-                          .alternate = 0xFF272D2F,
-                          .button = 0xFF383F42,
+constexpr Shades kDark = {.window = 0xFF2F3538,
+                          .base = 0xFF1D2123,
+                          .alternate = 0xFF252B2D,
+                          .button = 0xFF3F474A,
                           .text = 0xFFE6EBEC,
                           .faint = 0xFF7C878A,
                           .light = 0xFF566064,
@@ -121,6 +121,10 @@ void SpeakChinese(QApplication& application) {
 
 bool IsDark(const QPalette& palette) {
     return qGray(palette.color(QPalette::Window).rgb()) < kMidGrey;
+}
+
+QColor FaultInk(const QPalette& palette) {
+    return IsDark(palette) ? QColor(0xFF, 0x9B, 0x8A) : QColor(0xB0, 0x2A, 0x1A);
 }
 
 QPalette ProgramPalette(bool dark) {

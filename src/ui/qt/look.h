@@ -1,6 +1,7 @@
 // How the program looks and speaks: style, palette, font, icon, and the toolkit's own texts.
 #pragma once
 
+#include <QColor>
 #include <QIcon>
 #include <QPalette>
 
@@ -10,6 +11,9 @@ namespace ssq {
 
 // Whether the desktop's palette is a dark one.
 bool IsDark(const QPalette& palette);
+
+// The colour of texts that tell what is wrong in an input.
+QColor FaultInk(const QPalette& palette);
 
 // The program's palette, light or dark; every group and role is set, so that nothing of the
 // desktop's shows through.
