@@ -22,9 +22,9 @@ struct PictureLook {
 // The grid as one long picture, null when it would be larger than 1 GB.
 QImage PictureOf(const ResultGrid& grid, const PictureLook& look);
 
-// The grid on as many pages as it needs, smaller where it is wide but not below two fifths of its size. The
-// heading rows and fixed columns stand on each page, below them its title and number. `dpi` is
-// that of the screen that `look` comes from. False when the device cannot be written.
+// The grid on as many pages as it needs, smaller where it is wide but not below two fifths of its
+// size. The heading rows and fixed columns stand on each page, below them its title and number.
+// `dpi` is that of the screen that `look` comes from. False when the device cannot be written.
 bool PrintOn(QPagedPaintDevice& device, int dpi, const ResultGrid& grid, const PictureLook& look,
              const QString& title);
 
