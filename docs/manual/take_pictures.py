@@ -57,6 +57,7 @@ SCENES = {
     "frmMain": [menu("m_xuexi")],
     "frmXUEXI": [menu("m_rs")],
     "frmxxjl": [menu("m_xuexi"), menu("m_sr")],
+    "frmMangCe": [menu("m_mangce"), click("Command1")],
     "frmHistory": range_panel("m_hostory"),
     "frmZST": range_panel("m_zst_cg"),
     "frmWeizhi1107568": range_panel("m_zst_hmd"),

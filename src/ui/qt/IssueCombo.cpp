@@ -15,7 +15,20 @@ namespace ssq {
 namespace {
 
 constexpr int kVisibleEntries = 20;
-constexpr int kLongestIssue = 32;  // characters; an issue has seven
+constexpr int kLongestIssue = 32;  // characters
+constexpr int kIssueDigits = 7;
+
+// Proposes issues until one is typed whole, so that Enter then belongs to the panel, not to the
+// list.
+class IssueCompleter final : public QCompleter {
+  public:
+    using QCompleter::QCompleter;
+
+    QStringList splitPath(const QString& typed) const override {
+        const bool isWhole = typed.trimmed().size() >= kIssueDigits;
+        return {isWhole ? QStringLiteral("-") : typed};
+    }
+};
 
 bool ReadList(const PanelContext& context, QStringList& newestFirst) {
     std::vector<std::string> issues;
@@ -40,7 +53,7 @@ IssueCombo::IssueCombo(QWidget* parent) : QComboBox(parent) {
     setMinimumContentsLength(9);
     lineEdit()->setMaxLength(kLongestIssue);
 
-    auto* completer = new QCompleter(model(), this);
+    auto* completer = new IssueCompleter(model(), this);
     completer->setCompletionMode(QCompleter::PopupCompletion);
     completer->setFilterMode(Qt::MatchContains);
     completer->setMaxVisibleItems(kVisibleEntries);

@@ -1,7 +1,9 @@
 // The small widgets and the application object.
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QChart>
+#include <QCompleter>
 #include <QHBoxLayout>
 #include <QImage>
 #include <QLineEdit>
@@ -116,6 +118,13 @@ TEST(IssueCombos, TakeTheNewestDrawsAndLeaveTheWheelToTheirPanel) {
     end->setFocus();
     turnWheel(end);
     EXPECT_EQ(end->issue(), "2026059");
+
+    // The list proposes what begins so; with the last digit Enter is the panel's again.
+    end->lineEdit()->selectAll();
+    QTest::keyClicks(end->lineEdit(), QStringLiteral("202603"));
+    EXPECT_TRUE(end->completer()->popup()->isVisible());
+    QTest::keyClicks(end->lineEdit(), QStringLiteral("1"));
+    EXPECT_FALSE(end->completer()->popup()->isVisible());
 }
 
 TEST(Panels, OpenWithinTheScreenAndPressTheButtonOfTheInput) {
