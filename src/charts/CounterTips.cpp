@@ -68,8 +68,8 @@ std::string CounterTip(std::size_t counter) {
                        "。</p><table cellspacing='1' cellpadding='3'>";
     for (auto draw = tip.draws.begin(); draw != end; ++draw) {
         const auto before = end - draw - 1;
-        html +=
-            "<tr><td>" + (before == 0 ? "本期" : "前" + std::to_string(before) + "期") + "</td>";
+        html += "<tr><td style='white-space:nowrap'>" +
+                (before == 0 ? "本期" : "前" + std::to_string(before) + "期") + "</td>";
         for (const std::string& place : Split(*draw, " ")) html += Place(place);
         html += "</tr>";
     }

@@ -37,6 +37,9 @@ frmSHAMA::frmSHAMA(const PanelContext& context, QWidget* parent)
     AddButton(inputs(), "Command3", QStringLiteral("历史记录"), [this] { ShowRecords(); });
     progress_ = AddProgress("正在学习中.......");
     GridView* vs1 = AddResults("Frame2", "杀码统计结果(注意：概率降低请重新学习)");
+    // A recommendation needs what learning finds, and follows it.
+    vs1->SetEmptyHint(QStringLiteral("还没有结果。"), QStringLiteral("点此智能学习"),
+                      [this] { learnButton_->click(); });
     SetPopup(context, *vs1, "shama_bgfz", "杀码表格复制",
              {{"m_smfuzi", "复制选中的号码", [vs1] { CopySelection(*vs1); }},
               {"shama_tiaojiangeshi", "复制成条件格式",
