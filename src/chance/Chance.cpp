@@ -30,7 +30,9 @@ double TrialsWorth(const Tally& tally) {
 class Ways {
   public:
     Ways(int drawn, int weights)
-        : drawn_(drawn), weights_(weights), ways_(static_cast<std::size_t>((drawn + 1) * weights)) {
+        : drawn_(drawn),
+          weights_(weights),
+          ways_(static_cast<std::size_t>(drawn + 1) * static_cast<std::size_t>(weights)) {
         At(0, 0) = 1;
     }
 

@@ -71,6 +71,14 @@ TEST(Chance, OfHitsSumsToOneAndOfWeightsMatchesThePlainCount) {
     }
 }
 
+// Of three tries of two fair draws each the best has more than none in 63 cases of 64, and both in
+// 37.
+TEST(Chance, TheBestOfManyTriesShowsMore) {
+    EXPECT_NEAR(BestRateByLuck(3, 2, 0.5), (63 + 37) / 64.0 / 2 * 100, 1e-12);
+    EXPECT_EQ(BestRateByLuck(130, 50, 1), 100);
+    EXPECT_EQ(BestRateByLuck(130, 0, 0.5), 0);
+}
+
 TEST(Chance, IntervalVerdictAndBandAgreeEverywhere) {
     // Draws of one chance, of two, and of counts; each with every score there can be.
     const std::vector<std::vector<Odds>> histories = {
