@@ -45,6 +45,7 @@ constexpr int kPauseMs = 120;                  // from the last key to the compu
 constexpr int kPlanWidth = 510;                // pixels
 constexpr int kErrorsHeight = 42;              // pixels, two lines
 constexpr int kHistoryHeight = 212;            // pixels
+constexpr QSize kLeastSize(1240, 620);         // pixels; a smaller window scrolls
 constexpr std::size_t kLargestPlan = 1 << 20;  // bytes; a longer file is no plan
 constexpr const char* kAllDraws = "全部";
 constexpr const char* kAscending = "升序";
@@ -95,7 +96,16 @@ void ShowLastRows(GridView& view) {
 
 frmXuanHao::frmXuanHao(const PanelContext& context, QWidget* parent)
     : Panel(context, parent, {"frmXuanHao", " 选号台", 1340, 720}) {
-    auto* column = new QVBoxLayout(this);
+    auto* content = new QWidget;
+    content->setMinimumSize(kLeastSize);
+    auto* scroll = new QScrollArea;
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidget(content);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(scroll);
+    auto* column = new QVBoxLayout(content);
     BuildTop(column);
     auto* middle = new QHBoxLayout;
     column->addLayout(middle, 1);

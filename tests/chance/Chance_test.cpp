@@ -121,7 +121,8 @@ TEST(Chance, GivesNoVerdictWhereHardlyAnythingIsExpected) {
     EXPECT_EQ(verdict(51, 0.1, 20), Verdict::kHigh);
     EXPECT_EQ(verdict(51, 0.9, 20), Verdict::kLow);
     EXPECT_EQ(verdict(49, 0.9, 20), Verdict::kTooFew);
-    EXPECT_EQ(verdict(1000, 1, 1000), Verdict::kTooFew);  // no draw could go the other way
+    EXPECT_EQ(verdict(1000, 1 + 1e-15, 1000), Verdict::kInside);  // certain
+    EXPECT_EQ(verdict(1000, 0, 0), Verdict::kInside);
     EXPECT_EQ(verdict(0, 0.5, 0), Verdict::kTooFew);
     // 47 of 100 at 45.75 %, worked out by hand.
     Tally tally;

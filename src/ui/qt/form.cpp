@@ -23,6 +23,7 @@
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
 #include "ui/qt/LineChart.h"
+#include "ui/qt/WrappingRow.h"
 
 namespace ssq {
 
@@ -72,7 +73,7 @@ QGroupBox* AddGroup(QBoxLayout* layout, const char* name, const QString& caption
 }
 
 QHBoxLayout* AddRow(QBoxLayout* layout) {
-    auto* row = new QHBoxLayout;
+    auto* row = new WrappingRow;
     row->addStretch();
     layout->addLayout(row);
     return row;

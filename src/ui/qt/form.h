@@ -29,7 +29,8 @@ class LineChart;
 // A titled group at the end of `layout`, filled from top to bottom.
 QGroupBox* AddGroup(QBoxLayout* layout, const char* name, const QString& caption);
 
-// A row of controls at the end of a group or column; what is added stands at the left.
+// A row of controls at the end of a group or column; what is added stands at the left, and goes on
+// in the next line of a narrow window.
 QHBoxLayout* AddRow(QBoxLayout* layout);
 QHBoxLayout* AddRow(QGroupBox* group);
 

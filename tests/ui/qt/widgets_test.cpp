@@ -75,6 +75,23 @@ TEST(LineChart, ScrollsWherePointsAreManyAndTellsTheNearest) {
     EXPECT_EQ(chart.Picture().width(), 600);
 }
 
+TEST(WrappingRow, KeepsControlsApartAndLabelsWithTheirs) {
+    QWidget window;
+    auto* column = new QVBoxLayout(&window);
+    QHBoxLayout* row = AddRow(column);
+    const QWidget* first = AddTextBox(row, "first", QStringLiteral("一"));
+    const QWidget* second = AddTextBox(row, "second", QStringLiteral("二"));
+    column->addStretch();
+    window.resize(800, 200);
+    window.show();
+    EXPECT_EQ(first->y(), second->y());
+    window.resize(window.minimumSizeHint().width(), 200);
+    QApplication::processEvents();
+    EXPECT_GE(second->y(), first->geometry().bottom());
+    EXPECT_EQ(second->x(), first->x());  // each behind its label, at the begin of its line
+    EXPECT_LE(second->geometry().right(), window.width());
+}
+
 TEST(ElidedGroup, ALongCaptionDoesNotWidenTheWindow) {
     ElidedGroup group(QStringLiteral("标题"));
     const int narrow = group.minimumSizeHint().width();
