@@ -227,6 +227,7 @@ std::optional<GridReport> BuildSalesTable(Session& session, const PeriodRange& r
     SetLayout(grid);
     WriteHeaders(grid);
     for (int row = kFixedRows; !rows.eof(); rows.MoveNext()) WriteDrawn(rows, row++, grid);
+    grid.footRow = runningRow;
     Recordset running;
     if (QueryOrTell(session, SelectSales("iscurrent=1 order by kjqh asc "), running) &&
         !running.eof()) {

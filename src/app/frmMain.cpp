@@ -14,6 +14,7 @@
 #include "app/frmMainPanels.h"
 #include "banker/Recommendation.h"
 #include "banker/fenXi.h"
+#include "banker/frmxxjl.h"
 #include "base/text.h"
 #include "draws/BankerSettings.h"
 #include "draws/Public_var.h"
@@ -80,7 +81,9 @@ void frmMain::BuildControls() {
     column->addWidget(progress_);
 
     resultGroup_ = AddGroup(column, "Frame1", QStringLiteral("分析结果"));
-    vs1_ = AddGrid(resultGroup_, "vs1");
+    vs1_ = AddGrid(context_, resultGroup_, "vs1");
+    vs1_->SetEmptyHint(QStringLiteral("还没有结果。"), QStringLiteral("点此开始学习"),
+                       [this] { Learn(); });
     resultGroup_->layout()->addWidget(remark_ = new ChanceRemark(panels_->context()));
 
     statusBar()->setObjectName(QStringLiteral("bar1"));
@@ -128,7 +131,7 @@ void frmMain::RunEntry(const MenuEntry& entry) {
             panels_->Open(argument);
             return;
         case MenuAction::kOpenDialog:
-            panels_->RunDialog(argument);
+            if (panels_->RunDialog(argument) == frmxxjl::kWantsLearning) Learn();
             return;
         case MenuAction::kSay:
             context_.session.host.ShowMessage(entry.argument);
