@@ -183,7 +183,9 @@ void frmMangCe::BuildResults(QBoxLayout* column) {
     auto* lower = new QWidget;
     auto* grid = new QVBoxLayout(lower);
     grid->setContentsMargins(0, 0, 0, 0);
-    vs1_ = AddGrid(grid, "vs1");
+    vs1_ = AddGrid(context(), grid, "vs1");
+    vs1_->SetEmptyHint(QStringLiteral("还没有盲测结果。"), QStringLiteral("点此") + start_->text(),
+                       [this] { start_->click(); });
     SetPopup(context(), *vs1_, "m_mangce_bg", "盲测表格",
              {{"m_mangce_fz", "复制选中的号码", [this] { CopySelection(*vs1_); }},
               {"m_mangce_dc", "导出", [this] { SaveGridAsExcel(context(), *vs1_); }}},
