@@ -26,9 +26,10 @@ std::string NoticePage(const std::string& stake, const std::string& pool,
         const std::string border =
             level + 1 < prizes.size() ? "1px 0px 0px 1px" : "1px 0px 1px 1px";
         const std::string cell = "<td style=\"border-width:" + border + ";\">";
-        page += "<tr>" + cell + names[level] + "等奖</td>" + cell + "6+1</td>\r\n" + cell +
-                prizes[level].tickets + "注</td><td style=\"border-width:1px 1px 0px 1px;\">" +
-                prizes[level].amount + "元/注</td></tr>\r\n";
+        page.append("<tr>").append(cell).append(names[level]).append("等奖</td>");
+        page.append(cell).append("6+1</td>\r\n").append(cell).append(prizes[level].tickets);
+        page.append("注</td><td style=\"border-width:1px 1px 0px 1px;\">");
+        page.append(prizes[level].amount).append("元/注</td></tr>\r\n");
     }
     return page + "</table>";
 }

@@ -66,6 +66,7 @@ class Gateway::Process {
         const std::string program = (session.programFolder / kProgram).string();
         std::vector<std::string> arguments = ArgumentsOf(session);
         std::vector<char*> pointers;
+        pointers.reserve(arguments.size() + 1);
         for (std::string& argument : arguments) pointers.push_back(argument.data());
         pointers.push_back(nullptr);
         posix_spawn_file_actions_t actions;

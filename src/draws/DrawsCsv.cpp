@@ -184,6 +184,7 @@ std::string AmountsText(const Amounts& amounts) {
 template <typename Balls>
 std::string BallsText(const Balls& balls) {
     std::vector<std::string> items;
+    items.reserve(balls.size());
     for (const int ball : balls) items.push_back(TwoDigits(ball));
     return Join(items, " ");
 }
