@@ -1,12 +1,17 @@
 # Values that differ from one deployment to the next. They are fixed at build time:
 #   cmake --preset release -DSSQ_RESULTS_HOST=http://results.my-site.cn ...
 set(SSQ_PRODUCT_NAME "双色球分析工作台" CACHE STRING "Product name shown in the window title")
-set(SSQ_RESULTS_HOST "http://results.example.invalid" CACHE STRING
+# The gateway's address is where the program looks for pages unless a deployment has sites.
+set(SSQ_GATEWAY_PORT 8615)
+set(SSQ_GATEWAY_HOST "http://127.0.0.1:${SSQ_GATEWAY_PORT}")
+set(SSQ_RESULTS_HOST "${SSQ_GATEWAY_HOST}" CACHE STRING
     "Scheme and host of the results site (draw list and prize notices)")
-set(SSQ_ORDER_HOST "http://order.example.invalid" CACHE STRING
+set(SSQ_ORDER_HOST "${SSQ_GATEWAY_HOST}" CACHE STRING
     "Scheme and host of the service that tells the drawn order")
-set(SSQ_SALES_HOST "http://sales.example.invalid" CACHE STRING
+set(SSQ_SALES_HOST "${SSQ_GATEWAY_HOST}" CACHE STRING
     "Scheme and host of the online ticket sales site")
+set(SSQ_SOURCE_URL "" CACHE STRING
+    "A JSON service of draw notices that the gateway merges into its file; empty for none")
 set(SSQ_PARTNER_HOST "http://partner.example.invalid" CACHE STRING
     "Scheme and host of the partner site behind the button that buys tickets")
 set(SSQ_PARTNER_COOPID "0" CACHE STRING "Value of the key coopid on the partner site")

@@ -5,7 +5,7 @@ set -euo pipefail
 
 build=(build-essential cmake ninja-build pkg-config qt6-base-dev qt6-charts-dev qt6-svg-dev
        libqt6opengl6-dev libgl1-mesa-dev libsqlite3-dev libcurl4-openssl-dev libpcre2-dev libgsf-1-dev
-       nlohmann-json3-dev libgtest-dev libgmock-dev libcpp-httplib-dev libfreexl-dev
+       nlohmann-json3-dev libcpp-httplib-dev ca-certificates libgtest-dev libgmock-dev libfreexl-dev
        fonts-noto-cjk qt6-translations-l10n python3 cmark-gfm)
 test=("${build[@]}" python3-xlrd)
 lint=("${test[@]}" clang-format clang-tidy clang libclang-rt-14-dev ccache mold)

@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include <QAbstractButton>
 #include <QClipboard>
 #include <QDir>
 #include <QFileInfo>
@@ -68,6 +69,19 @@ void Get(Call& call) {
         {"text", entry->text()}, {"enabled", entry->isEnabled()}, {"visible", entry->isVisible()}};
 }
 
+// The analysis' rows; where the user has sorted what he sees, also their order on screen.
+void Grid(Call& call) {
+    const GridView& view = AsGrid(call.control());
+    call.reply = DescribeGrid(view.grid());
+    if (!view.sortedCol()) return;
+    std::vector<int> order(static_cast<std::size_t>(view.grid().rows()));
+    for (int row = 0; row < view.grid().rows(); ++row) {
+        order[static_cast<std::size_t>(view.IndexOf(row, 0).row())] = row;
+    }
+    call.reply["sortedCol"] = *view.sortedCol();
+    call.reply["order"] = order;
+}
+
 void Select(Call& call) {
     SelectCells(AsGrid(call.usable()), call["row"], call["col"], call["rowSel"], call["colSel"]);
 }
@@ -81,9 +95,16 @@ void Mouse(Call& call) {
 }
 
 void Popup(Call& call) {
-    GridView& view = AsGrid(call.usable());
+    QWidget& control = call.usable();
     call.stage.desktop.ChooseInPopup(call["entry"]);
-    PressCell(view, call["row"], call["col"], Press::kRight);
+    if (qobject_cast<QAbstractButton*>(&control)) {
+        ClickControl(control);
+    } else {
+        if (!call.command.contains("row") || !call.command.contains("col")) {
+            throw Refusal("a grid's popup needs the fields row and col");
+        }
+        PressCell(AsGrid(control), call["row"], call["col"], Press::kRight);
+    }
     const std::string fault = call.stage.desktop.EndPopup();
     if (!fault.empty()) throw Refusal(fault);
 }
@@ -161,10 +182,10 @@ const Command kCommands[] = {
     {"key", {"control", "key"}, {}, [](Call& c) { PressKey(c.usable(), c["key"]); }},
     {"get", {"control"}, {}, Get},
     {"controls", {}, {}, [](Call& c) { c.reply["controls"] = ListControls(c.panel()); }},
-    {"grid", {"control"}, {}, [](Call& c) { c.reply = DescribeGrid(AsGrid(c.control()).grid()); }},
+    {"grid", {"control"}, {}, Grid},
     {"select", {"control"}, {"row", "col", "rowSel", "colSel"}, Select},
     {"mouse", {"control", "button"}, {"row", "col"}, Mouse},
-    {"popup", {"control", "entry"}, {"row", "col"}, Popup},
+    {"popup", {"control", "entry"}, {}, Popup},
     {"chart", {"control"}, {}, [](Call& c) { c.reply = DescribeChart(c.control()); }},
     {"clipboard", {}, {}, [](Call& c) { c.reply["text"] = QGuiApplication::clipboard()->text(); }},
     {"answer", {}, {}, Answer},

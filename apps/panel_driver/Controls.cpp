@@ -100,7 +100,9 @@ void DescribeListWidget(Json& fields, const QListWidget& list) {
 void DescribeStatusBar(Json& fields, const QStatusBar& bar) {
     fields["panels"] = Json::array();
     const auto labels = bar.findChildren<QLabel*>(Qt::FindDirectChildrenOnly);
-    for (const QLabel* label : labels) fields["panels"].push_back(label->text());
+    for (const QLabel* label : labels) {
+        if (!label->isHidden()) fields["panels"].push_back(label->text());
+    }
 }
 
 }  // namespace

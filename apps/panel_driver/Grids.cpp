@@ -46,7 +46,7 @@ void RequireCell(const ResultGrid& grid, int row, int col) {
 // The middle of the visible part of a cell, in coordinates of its window.
 QPoint PlaceOfCell(GridView& view, int row, int col) {
     RequireCell(view.grid(), row, col);
-    const QModelIndex index = view.model()->index(row, col);
+    const QModelIndex index = view.IndexOf(row, col);
     view.scrollTo(index);
     const QRect seen = view.visualRect(index) & view.viewport()->rect();
     if (view.grid().hidden(col) || seen.isEmpty() || view.indexAt(seen.center()) != index) {

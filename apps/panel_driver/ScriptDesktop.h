@@ -39,12 +39,13 @@ class ScriptDesktop final : public Desktop {
 
     void ShowBox(const QString& title, const QString& text, const QString& note) override;
     bool Confirm(const QString& title, const QString& text) override;
-    QString AskSaveFile(const QString&) override { return TakeFileAnswer(); }
+    QString AskSaveFile(const QString&, const QString&) override { return TakeFileAnswer(); }
     QString AskOpenFile(const QString&, const QString&, const QString&) override {
         return TakeFileAnswer();
     }
     void Open(const QString& urlOrFile) override;
     void StartProgram(const QString& file, const QString& arguments) override;
+    bool AskPrinter(QPrinter&) override { return false; }
     void RaisePopup(QMenu& menu, const QPoint& place) override;
 
   private:

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-namespace ssq {
+#include "acquire/Update.h"
 
-struct Session;
+namespace ssq {
 
 // The new draws of one update, newest first, as the pages have them.
 struct Harvest {
@@ -19,21 +19,12 @@ struct Harvest {
     int HarvestCount() const { return static_cast<int>(NewIssues.size()); }
 };
 
-// The newest issue of the site, as its first page has it; empty after the box of CutBetween.
-std::string LatestOnlineIssue(Session& session);
-
-// Walks the list's pages, newest first, to the first issue not above `localIssue` or to the first
-// draw of the game. False after telling the user: the harvest is not to be used. A page behind the
-// first that has no data ends the walk with what the pages before it gave. All values have been
-// checked. False, too, when the program is being closed.
-bool HarvestPages(Session& session, std::int32_t localIssue, Harvest& harvest);
-
-// Appends the draws to cphm, oldest first, and tells how many there were. A failure shows the
-// store's text and stops; rows already inserted stay.
-void InsertDraws(Session& session, const Harvest& harvest);
-
-// The whole update, with its messages. True when draws may have been inserted: LatestIssue and
-// DrawCount are read anew, and what shows them is to be refilled.
-bool UpdateDraws(Session& session);
+// The whole update, with its messages but the closing one. It walks the list's pages, newest first,
+// to the first issue on file or to the first draw of the game, and appends the new draws, oldest
+// first; `written` counts them. A value that cannot be ends the update without an insert. Where a
+// page behind the first cannot be read, the draws in hand are inserted when they follow the newest
+// one on file, and none otherwise, so that no gap stays behind. After an insert LatestIssue and
+// DrawCount are read anew.
+UpdateResult UpdateDraws(Session& session, Run& run, int& written);
 
 }  // namespace ssq

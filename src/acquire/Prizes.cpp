@@ -20,7 +20,6 @@ namespace {
 
 constexpr std::size_t kLevels = 6;
 constexpr std::array kLevelNames = {"一等奖", "二等奖", "三等奖", "四等奖", "五等奖", "六等奖"};
-constexpr const char* kNotPublished = "无数据，请稍候再试！！";
 constexpr const char* kTableStart = "<tralign=centerbgcolor=\"#FE6601\"class=\"px12line18\">";
 
 struct Prize {
@@ -108,11 +107,10 @@ std::string ToAmount(const std::string& text) {
     return value && *value >= 0 && *value < kTooLarge ? NumberText(*value) : std::string();
 }
 
-// Reads the notice of an issue; tells the user and returns nothing when it cannot be used.
-std::optional<Notice> ReadNotice(Session& session, const std::string& issue) {
-    Host& host = session.host;
-    const std::string page = WithoutBlanks(
-        FetchPage(host, session.deployment.resultsHost + "/zjfc/06asp_gg_ssq.asp?qishu=" + issue));
+// Reads the notice of an issue. Nothing when it cannot be used: not published, which a pool of 0
+// means, or told.
+std::optional<Notice> ReadNotice(Host& host, const std::string& issue, const std::string& page,
+                                 bool& isPublished) {
     const std::string stake = CutBetween(host, "<strong>投注总额</strong>", "元", page);
     const std::string pool = CutBetween(host, "未中出奖金", "元", page);
     const std::string table = CutBetween(host, kTableStart, "</table>", page);
@@ -121,17 +119,13 @@ std::optional<Notice> ReadNotice(Session& session, const std::string& issue) {
     notice.xqjc = ToAmount(pool);
     std::string fault;
     const bool parsed = ReadPrizes(host, table, notice, fault);
-    if (Val(notice.xqjc.empty() ? pool : notice.xqjc) == 0) {
-        host.ShowMessage(kNotPublished);
-        return std::nullopt;
-    }
+    isPublished = Val(notice.xqjc.empty() ? pool : notice.xqjc) != 0;
+    if (!isPublished) return std::nullopt;
     if (parsed && notice.tze.empty()) fault = "投注总额不正确：" + Excerpt(stake);
     if (parsed && notice.xqjc.empty()) fault = "未中出奖金不正确：" + Excerpt(pool);
-    if (!fault.empty()) {
-        host.ShowMessage(issue + "期的" + fault);
-        return std::nullopt;
-    }
-    return notice;
+    if (fault.empty()) return notice;
+    host.ShowMessage(issue + "期的" + fault);
+    return std::nullopt;
 }
 
 std::string InsertStatement(const std::string& issue, const Notice& notice) {
@@ -149,33 +143,28 @@ std::string InsertStatement(const std::string& issue, const Notice& notice) {
            std::to_string(notice.zfj) + ")";
 }
 
-// False when a second update, started between two issues of this one, has gone on from here.
-bool IsNewestRow(Session& session, const std::string& issue) {
-    Recordset rows;
-    return QueryOrTell(session, "select max(kjqh) from cpjc", rows) && rows.Text(0) == issue;
+IssueEnd StoreNotice(Session& session, const std::string& issue, const std::string& page) {
+    bool isPublished = false;
+    const auto notice = ReadNotice(session.host, issue, page, isPublished);
+    if (!notice) return isPublished ? IssueEnd::kFault : IssueEnd::kNotPublished;
+    return ExecuteOrTell(session, InsertStatement(issue, *notice)) ? IssueEnd::kWritten
+                                                                   : IssueEnd::kFault;
 }
 
 }  // namespace
 
-int UpdatePrizes(Session& session) {
-    int count = 0;
-    Recordset issues;
-    if (!QueryOrTell(session,
-                     "select kjqh from cphm where kjqh>(select max(kjqh) from cpjc ) "
-                     "order by kjqh asc ",
-                     issues)) {
-        return count;
-    }
-    for (; !issues.eof(); issues.MoveNext()) {
-        const std::string issue = issues.Text(0);
-        const auto notice = ReadNotice(session, issue);
-        if (!notice || !ExecuteOrTell(session, InsertStatement(issue, *notice))) return count;
-        ++count;
-        if (!session.host.YieldNow() || !IsNewestRow(session, issue)) return count;
-    }
-    session.host.ShowMessage(count == 0 ? "数据为最新，无需更新！"
-                                        : "共更新" + std::to_string(count) + "期！");
-    return count;
+UpdateResult UpdatePrizes(Session& session, Run& run, int& written) {
+    static const IssueUpdate kPrizes{
+        .name = "奖池信息",
+        .pending =
+            "select kjqh from cphm where kjqh>(select max(kjqh) from cpjc ) "
+            "order by kjqh asc ",
+        .query = [](const std::string& issue) { return "/zjfc/06asp_gg_ssq.asp?qishu=" + issue; },
+        .store = StoreNotice,
+        .notPublished = "无数据，请稍候再试！！",
+        .latest = "数据为最新，无需更新！",
+    };
+    return UpdateIssues(session, run, session.deployment.resultsHost, kPrizes, written);
 }
 
 }  // namespace ssq

@@ -13,6 +13,7 @@
 #include "draws/queries.h"
 #include "store/WriteBatch.h"
 #include "ui/Host.h"
+#include "ui/Run.h"
 
 namespace ssq {
 
@@ -115,7 +116,7 @@ std::string InsertStatement(const SalesRow& row, bool running) {
 
 // Stores one row of the page; false when the update must stop.
 bool StoreRow(Session& session, const std::string& rowText, std::int64_t maxIssue,
-              std::int64_t nextIssue) {
+              std::int64_t nextIssue, int& written) {
     SalesRow row = ReadRow(session.host, rowText);
     if (row.fault.empty() && row.current <= maxIssue) return true;
     row.values = RegexReplace(kRunningPattern, row.values, "");
@@ -126,7 +127,9 @@ bool StoreRow(Session& session, const std::string& rowText, std::int64_t maxIssu
         session.host.ShowMessage(row.fault);
         return false;
     }
-    return ExecuteOrTell(session, InsertStatement(row, row.current >= nextIssue));
+    if (!ExecuteOrTell(session, InsertStatement(row, row.current >= nextIssue))) return false;
+    ++written;
+    return true;
 }
 
 std::string SelectSales(const std::string& condition) {
@@ -181,27 +184,33 @@ void SetLayout(ResultGrid& grid) {
 
 }  // namespace
 
-void UpdateSales(Session& session) {
-    if (!ExecuteOrTell(session, "delete from o_sale where isCurrent=1")) return;
+UpdateResult UpdateSales(Session& session, Run& run) {
+    PageSource site(session, run, session.deployment.salesHost);
+    int written = 0;
+    const auto ended = [&] { return EndOfUpdate(site, run, written); };
+    if (!run.goesOn()) return {};
+    if (!ExecuteOrTell(session, "delete from o_sale where isCurrent=1")) return ended();
     Recordset stored;
-    if (!QueryOrTell(session, "Select max(kjqh),count(kjqh) from o_sale", stored)) return;
+    if (!QueryOrTell(session, "Select max(kjqh),count(kjqh) from o_sale", stored)) return ended();
     const std::int64_t maxIssue = stored.Int(0);
     const std::int32_t nextIssue = NextIssue(session, session.LatestIssue);
-    if (nextIssue == 0) return;
+    if (nextIssue == 0) return ended();
     constexpr std::int64_t kDrawsWithoutSales = 202;  // the oldest draws, which the site lacks
     const std::int64_t want = session.DrawCount - kDrawsWithoutSales - stored.Int(1);
-    const std::string page = FetchPage(
-        session.host, session.deployment.salesHost +
-                          "/pages/info/ssq/inc/red_fsfx_inc.php?expect=" + std::to_string(want));
+    const std::string page =
+        site.Fetch("/pages/info/ssq/inc/red_fsfx_inc.php?expect=" + std::to_string(want));
+    if (!run.goesOn()) return {};
     const std::string table = CutBetween(session.host, kRowMark, "</table>", page);
     WriteBatch batch(session.host, session.connection);
     for (const std::string& rowText : Split(table, kRowMark)) {
-        if (!session.host.Yield()) return;
-        if (!StoreRow(session, rowText, maxIssue, nextIssue)) return;
+        if (!run.Yield()) return {};
+        if (!StoreRow(session, rowText, maxIssue, nextIssue, written)) return ended();
     }
-    if (!CommitOrTell(session, batch)) return;
-    if (session.host.stopping()) return;
-    session.host.ShowMessage("更新完成,共更新" + std::to_string(want - 1) + "期！");
+    if (!CommitOrTell(session, batch)) return ended();
+    UpdateResult result = ended();
+    if (result.end == UpdateEnd::kFault) result.end = UpdateEnd::kDone;
+    result.box = "更新完成,共更新" + std::to_string(want - 1) + "期！";
+    return result;
 }
 
 std::optional<GridReport> BuildSalesTable(Session& session, const PeriodRange& range) {
@@ -218,6 +227,7 @@ std::optional<GridReport> BuildSalesTable(Session& session, const PeriodRange& r
     SetLayout(grid);
     WriteHeaders(grid);
     for (int row = kFixedRows; !rows.eof(); rows.MoveNext()) WriteDrawn(rows, row++, grid);
+    grid.footRow = runningRow;
     Recordset running;
     if (QueryOrTell(session, SelectSales("iscurrent=1 order by kjqh asc "), running) &&
         !running.eof()) {

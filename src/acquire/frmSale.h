@@ -11,9 +11,8 @@ class frmSale final : public RangePanel {
 
   private:
     bool Query();
-    bool Update();
-
-    QPushButton* update_;
+    bool Update(Run& run);
+    void TellStatus(const std::string& text);
 };
 
 }  // namespace ssq

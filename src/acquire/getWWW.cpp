@@ -78,10 +78,4 @@ std::string WithoutBlanks(std::string_view page) {
     return Replace(Replace(page, "\r\n", ""), " ", "");
 }
 
-std::string Excerpt(std::string_view value) {
-    constexpr std::size_t kLongest = 40;
-    std::string start = Characters(value, 1, kLongest);
-    return start.size() < value.size() ? start + "…" : start;
-}
-
 }  // namespace ssq

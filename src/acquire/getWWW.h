@@ -3,23 +3,39 @@
 
 #include <chrono>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace ssq {
 
 class Host;
+class Run;
 
 struct FetchOptions {
     std::chrono::milliseconds connectTimeout{10'000};
-    std::chrono::milliseconds totalTimeout{30'000};
-    std::size_t largestBody = std::size_t{8} << 20;  // bytes; the pages have some 10,000
+    std::chrono::milliseconds silence{30'000};        // between two pieces of the body
+    std::chrono::milliseconds totalTime{300'000};     // of a page that keeps coming
+    std::size_t largestBody = std::size_t{32} << 20;  // bytes; a first sales page has some millions
 };
 
-// The body of a page as UTF-8 text, read from the network and never from a cache; the windows show
-// the wait cursor meanwhile. The sites serve GBK; a page that declares UTF-8 and holds it is taken
-// as that. Redirects are followed on http and https. Empty when anything fails, without a message.
-std::string FetchPage(Host& host, const std::string& url, const FetchOptions& options = {});
+// What came over the wire.
+struct FetchedBody {
+    std::string bytes;
+    std::string contentType;
+};
+
+// The body of a URL, read from the network and never from a cache. Redirects are followed on http
+// and https. The windows show the wait cursor meanwhile and are painted; a run that is not wanted
+// any more ends the fetch at once. On failure nothing, and in `fault` plain words in Chinese that
+// name the host; no message is shown. The body of an error page is no body.
+std::optional<FetchedBody> FetchBody(Run& run, const std::string& url, std::string& fault,
+                                     const FetchOptions& options = {});
+
+// The body of a page as UTF-8 text. The sites serve GBK; a page that declares UTF-8 and holds it is
+// taken as that. Empty, with `fault` as above, when anything fails.
+std::string FetchPage(Run& run, const std::string& url, std::string& fault,
+                      const FetchOptions& options = {});
 
 // The body of a page as text, by the Content-Type header and the page's own declaration. Bytes
 // that are no character become U+FFFD.
@@ -45,8 +61,5 @@ std::string RegexReplace(std::string_view pattern, std::string_view text,
 
 // A page without its line ends (carriage return and line feed) and blanks.
 std::string WithoutBlanks(std::string_view page);
-
-// A value of a page as messages quote it: its first characters.
-std::string Excerpt(std::string_view value);
 
 }  // namespace ssq

@@ -9,14 +9,12 @@
 #include <QPushButton>
 #include <QStatusBar>
 
-#include "acquire/BallOrder.h"
-#include "acquire/KjData.h"
-#include "acquire/Prizes.h"
 #include "app/MDL_UPDATE.h"
 #include "app/frmMainMenu.h"
 #include "app/frmMainPanels.h"
 #include "banker/Recommendation.h"
 #include "banker/fenXi.h"
+#include "banker/frmxxjl.h"
 #include "base/text.h"
 #include "draws/BankerSettings.h"
 #include "draws/Public_var.h"
@@ -36,8 +34,10 @@ namespace ssq {
 
 frmMain::frmMain(const PanelContext& context)
     : context_(context),
-      panels_(std::make_unique<PanelRegistry>(WithModeLine(), *this)),
-      learnRuns_(context.session.host) {
+      panels_(std::make_unique<PanelRegistry>(WithStatusBar(), *this)),
+      learnRuns_(context.session.host),
+      updates_(context.session, {[this](const std::string& text) { TellUpdate(text); },
+                                 [this] { TakeNewDraws(); }}) {
     BuildControls();
     BuildMenus();
     Load();
@@ -45,9 +45,11 @@ frmMain::frmMain(const PanelContext& context)
 
 frmMain::~frmMain() = default;
 
-// What the panels are given: they tell when the line of the learning mode is to be shown anew.
-PanelContext frmMain::WithModeLine() {
+// What the panels are given: they tell how an update goes, and when the line of the learning mode
+// is to be shown anew.
+PanelContext frmMain::WithStatusBar() {
     PanelContext context = context_;
+    context.tellStatus = [this](const std::string& text) { TellUpdate(text); };
     context.onBankerSettings = [this] { ShowLearningMode(ReadBankerSettings(context_.session)); };
     return context;
 }
@@ -72,20 +74,28 @@ void frmMain::BuildControls() {
     AddButton(query, "Command3", QStringLiteral("购买彩票"), [this] { BuyTickets(); });
     AddButton(query, "cmdXuanHao", QStringLiteral("选号台"),
               [this] { panels_->Open(QStringLiteral("frmXuanHao")); });
+    updateAll_ =
+        AddButton(query, "cmdUpdateAll", QStringLiteral("全部更新"), [this] { UpdateAll(); });
 
     progress_ = new ProgressStrip(QStringLiteral("正在学习中......."));
     column->addWidget(progress_);
 
     resultGroup_ = AddGroup(column, "Frame1", QStringLiteral("分析结果"));
-    vs1_ = AddGrid(resultGroup_, "vs1");
+    vs1_ = AddGrid(context_, resultGroup_, "vs1");
+    vs1_->SetEmptyHint(QStringLiteral("还没有结果。"), QStringLiteral("点此开始学习"),
+                       [this] { Learn(); });
     resultGroup_->layout()->addWidget(remark_ = new ChanceRemark(panels_->context()));
 
     statusBar()->setObjectName(QStringLiteral("bar1"));
-    for (int panel = 0; panel < 2; ++panel) {
+    for (int panel = 0; panel < 3; ++panel) {
         statusPanels_[panel] = new QLabel;
+        statusPanels_[panel]->setTextFormat(Qt::PlainText);
         statusPanels_[panel]->setObjectName(QStringLiteral("panel%1").arg(panel + 1));
         statusBar()->addWidget(statusPanels_[panel], panel);
     }
+    // The line of the updates takes the room that is left, and never widens the window.
+    statusPanels_[2]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    statusPanels_[2]->hide();
 }
 
 void frmMain::BuildMenus() {
@@ -121,7 +131,7 @@ void frmMain::RunEntry(const MenuEntry& entry) {
             panels_->Open(argument);
             return;
         case MenuAction::kOpenDialog:
-            panels_->RunDialog(argument);
+            if (panels_->RunDialog(argument) == frmxxjl::kWantsLearning) Learn();
             return;
         case MenuAction::kSay:
             context_.session.host.ShowMessage(entry.argument);
@@ -138,13 +148,13 @@ void frmMain::RunCommand(const MenuEntry& entry) {
             Learn();
             return;
         case MenuAction::kUpdateDraws:
-            UpdateDrawsOfWindow();
+            updates_.Draws();
             return;
         case MenuAction::kUpdatePrizes:
-            UpdatePrizes(context_.session);
+            updates_.Prizes();
             return;
         case MenuAction::kUpdateBallOrder:
-            UpdateBallOrder(context_.session);
+            updates_.BallOrder();
             return;
         case MenuAction::kOpenContact:
             context_.desktop.Open(Qs(deployment.contactLink));
@@ -173,12 +183,24 @@ void frmMain::SetStatusPanel(const std::string& text, int panel) {
     statusPanels_[panel - 1]->setText(Qs(Trim(text)));
 }
 
+void frmMain::TellUpdate(const std::string& text) {
+    SetStatusPanel(text, 3);
+    statusPanels_[2]->show();
+    // Whole, since the line may be cut short.
+    statusPanels_[2]->setToolTip(QStringLiteral("<p>%1</p>").arg(Qs(text).toHtmlEscaped()));
+}
+
 void frmMain::ShowLatestIssue() {
     SetStatusPanel("最新:" + context_.session.LatestIssue, 1);
 }
 
-void frmMain::UpdateDrawsOfWindow() {
-    if (!UpdateDraws(context_.session)) return;
+void frmMain::UpdateAll() {
+    updateAll_->setEnabled(false);
+    updates_.All();
+    updateAll_->setEnabled(true);
+}
+
+void frmMain::TakeNewDraws() {
     ShowLatestIssue();
     RefillCombos();
     panels_->TakeNewDraws();

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 
+#include "acquire/Updates.h"
 #include "ui/qt/Panel.h"
 
 class QGroupBox;
@@ -33,18 +34,21 @@ class frmMain final : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    PanelContext WithModeLine();
+    PanelContext WithStatusBar();
     void BuildControls();
     void BuildMenus();
     void AddEntry(QMenu& menu, const MenuEntry& entry);
     void RunEntry(const MenuEntry& entry);
     void RunCommand(const MenuEntry& entry);
     void Load();
-    // `panel` is 1 or 2; blanks around the text are dropped.
+    // `panel` is 1 to 3; blanks around the text are dropped.
     void SetStatusPanel(const std::string& text, int panel);
+    // How an update goes, in the third panel of the status bar.
+    void TellUpdate(const std::string& text);
     void RefillCombos();
     void ShowLatestIssue();
-    void UpdateDrawsOfWindow();
+    void UpdateAll();
+    void TakeNewDraws();
     void ShowLearningMode(const std::optional<BankerSettings>& settings);
     void Learn();
     void Recommend();
@@ -59,8 +63,10 @@ class frmMain final : public QMainWindow {
     GridView* vs1_ = nullptr;
     ChanceRemark* remark_ = nullptr;
     ProgressStrip* progress_ = nullptr;
-    QLabel* statusPanels_[2] = {};
+    QPushButton* updateAll_ = nullptr;
+    QLabel* statusPanels_[3] = {};
     PanelRuns learnRuns_;
+    Updates updates_;
 };
 
 }  // namespace ssq

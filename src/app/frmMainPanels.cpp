@@ -100,9 +100,9 @@ void PanelRegistry::Open(const QString& name) {
     BringUp(*panel);
 }
 
-void PanelRegistry::RunDialog(const QString& name) {
+int PanelRegistry::RunDialog(const QString& name) {
     const std::unique_ptr<QDialog> dialog(Dialogs().at(name)(context_, &owner_));
-    dialog->exec();
+    return dialog->exec();
 }
 
 void PanelRegistry::AddToPlan(const std::string& conditions) {

@@ -30,8 +30,8 @@ class PanelRegistry {
     // Brings up the open panel of that name, or makes it.
     void Open(const QString& name);
 
-    // Shows a modal panel and returns when it is closed.
-    void RunDialog(const QString& name);
+    // Shows a modal panel and returns its result when it is closed.
+    int RunDialog(const QString& name);
 
     // Brings up the number filter with these conditions behind those of its plan; nothing for an
     // empty text.

@@ -225,6 +225,7 @@ std::optional<GridReport> BuildBankerRecommendation(Session& session, const Peri
     for (int row = kFirstDataRow; row < nextIssueRow; ++row) {
         FillDrawRow(inputs, grid, row, hitRows);
     }
+    grid.footRow = nextIssueRow;
     FillNextIssueRow(inputs, grid, nextIssueRow);
     FillRateRow(inputs, grid, nextIssueRow + 1, hitRows);
     return GridReport{

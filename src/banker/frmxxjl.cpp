@@ -11,7 +11,9 @@ namespace ssq {
 
 frmxxjl::frmxxjl(const PanelContext& context, QWidget* parent)
     : PanelDialog(context, parent, {"frmxxjl", " 学习记录", 520, 420}) {
-    vs1_ = AddGrid(column(), "vs1");
+    vs1_ = AddGrid(this->context(), column(), "vs1");
+    vs1_->SetEmptyHint(QStringLiteral("还没有学习记录。"), QStringLiteral("点此开始学习"),
+                       [this] { done(kWantsLearning); });
     auto* row = AddRow(column());
     AddLabel(row, "Label1", QStringLiteral("提示: 点击还原可以还原到选中的设置"));
     row->insertStretch(1);

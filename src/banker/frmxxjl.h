@@ -12,6 +12,9 @@ class GridView;
 
 class frmxxjl final : public PanelDialog {
   public:
+    // The result of exec() when the user asks for a learning run instead.
+    static constexpr int kWantsLearning = Accepted + 1;
+
     explicit frmxxjl(const PanelContext& context, QWidget* parent = nullptr);
 
   private:

@@ -50,6 +50,10 @@ Date AddDays(const Date& date, int days) {
     return Date{std::chrono::sys_days{date} + std::chrono::days{days}};
 }
 
+Date Today() {
+    return *ParseDate(NowText());
+}
+
 std::string NowText() {
     const std::time_t now = std::time(nullptr);
     std::tm local{};

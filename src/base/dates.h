@@ -22,6 +22,9 @@ int Weekday(const Date& date);
 
 Date AddDays(const Date& date, int days);
 
+// The local date.
+Date Today();
+
 // Local date and time as "yyyy-mm-dd hh:mm:ss".
 std::string NowText();
 

@@ -86,6 +86,12 @@ std::string Characters(std::string_view text, std::size_t start, std::size_t cou
     return std::string(tail.substr(0, CharacterOffset(tail, count)));
 }
 
+std::string Excerpt(std::string_view value) {
+    constexpr std::size_t kLongest = 40;
+    std::string start = Characters(value, 1, kLongest);
+    return start.size() < value.size() ? start + "…" : start;
+}
+
 std::string TwoDigits(long long value) {
     const auto bits = static_cast<unsigned long long>(value);
     const std::string digits = std::to_string(value < 0 ? 0 - bits : bits);

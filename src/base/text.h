@@ -36,6 +36,9 @@ std::size_t DisplayWidth(std::string_view text);
 std::string Characters(std::string_view text, std::size_t start,
                        std::size_t count = std::string_view::npos);
 
+// A value from outside as messages quote it: its first characters.
+std::string Excerpt(std::string_view value);
+
 // The pattern "00": at least two digits, 0 gives 00, -1 gives -01, 34 gives 34.
 std::string TwoDigits(long long value);
 

@@ -138,6 +138,7 @@ ResultGrid HistoryTable(const BetPlan& plan, std::span<const Draw> draws, const 
         grid.SetCell(row, 3, LineList(FailedLines(plan, draws[i].set, verdict)));
     }
     const int row = grid.AddRow();
+    grid.footRow = row;
     grid.SetCell(row, 0, "合计");
     grid.SetCell(row, 1, std::to_string(history.passed) + "/" + std::to_string(count) + "期");
     grid.SetCell(row, 2, RateText(history.passed, static_cast<double>(count)) + "%");

@@ -4,8 +4,6 @@
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QDir>
-#include <QFileInfo>
 #include <QGroupBox>
 #include <QGuiApplication>
 #include <QLabel>
@@ -46,7 +44,8 @@ namespace {
 constexpr int kPauseMs = 120;                  // from the last key to the computation
 constexpr int kPlanWidth = 510;                // pixels
 constexpr int kErrorsHeight = 42;              // pixels, two lines
-constexpr int kHistoryHeight = 190;            // pixels
+constexpr int kHistoryHeight = 212;            // pixels
+constexpr QSize kLeastSize(1240, 620);         // pixels; a smaller window scrolls
 constexpr std::size_t kLargestPlan = 1 << 20;  // bytes; a longer file is no plan
 constexpr const char* kAllDraws = "全部";
 constexpr const char* kAscending = "升序";
@@ -97,7 +96,16 @@ void ShowLastRows(GridView& view) {
 
 frmXuanHao::frmXuanHao(const PanelContext& context, QWidget* parent)
     : Panel(context, parent, {"frmXuanHao", " 选号台", 1340, 720}) {
-    auto* column = new QVBoxLayout(this);
+    auto* content = new QWidget;
+    content->setMinimumSize(kLeastSize);
+    auto* scroll = new QScrollArea;
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidget(content);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(scroll);
+    auto* column = new QVBoxLayout(content);
     BuildTop(column);
     auto* middle = new QHBoxLayout;
     column->addLayout(middle, 1);
@@ -171,7 +179,9 @@ void frmXuanHao::BuildPlan(QHBoxLayout* middle) {
     column->addWidget(board_);
 
     QGroupBox* conditions = AddGroup(middle, "Frame2", QStringLiteral("各条件单独符合的组合"));
-    vs2_ = AddGrid(conditions, "vs2");
+    vs2_ = AddGrid(context(), conditions, "vs2");
+    vs2_->SetEmptyHint(QStringLiteral("方案里还没有条件。"), QStringLiteral("点此取入结果"),
+                       [this] { TakeIn(); });
     SetStretch(middle, plan, 4);
     SetStretch(middle, conditions, 3);
 }
@@ -196,7 +206,9 @@ void frmXuanHao::BuildBets(QHBoxLayout* middle) {
     txtN_->setText(QStringLiteral("10"));
     SetMainButtonOf(txtN_, AddButton(picks, "Command6", QStringLiteral("随机取注"),
                                      [this] { TakeAtRandom(); }));
-    vs1_ = AddGrid(betsGroup_, "vs1");
+    vs1_ = AddGrid(context(), betsGroup_, "vs1");
+    vs1_->SetEmptyHint(QStringLiteral("没有可显示的注。"), QStringLiteral("点此回到方案"),
+                       [this] { txtFangAn_->setFocus(); });
 }
 
 void frmXuanHao::BuildHistory(QVBoxLayout* column) {
@@ -209,7 +221,9 @@ void frmXuanHao::BuildHistory(QVBoxLayout* column) {
     connect(cboYZ_, &QComboBox::currentIndexChanged, this, [this] {
         if (plan_) Perform({}, [this](Run& run) { return CheckPast(run); });
     });
-    vs3_ = AddGrid(historyGroup_, "vs3");
+    vs3_ = AddGrid(context(), historyGroup_, "vs3");
+    vs3_->SetEmptyHint(QStringLiteral("还没有验证结果。"), QStringLiteral("点此计算"),
+                       [this] { Compute(); });
 }
 
 void frmXuanHao::Load() {
@@ -443,24 +457,12 @@ void frmXuanHao::TakeAtRandom() {
 }
 
 std::string frmXuanHao::AskFile(const QString& pattern) {
-    Desktop& desktop = context().desktop;
-    QString name = desktop.AskSaveFile(pattern);
-    if (name.trimmed().isEmpty() || session().host.stopping()) return {};
-    if (QFileInfo(name).suffix().isEmpty()) name += QStringLiteral(".txt");
-    const QString file = QFileInfo(name).absoluteFilePath();
-    const bool replaces = QFileInfo::exists(file);
-    if (replaces &&
-        !desktop.Confirm(QStringLiteral("提示"), QStringLiteral("文件已经存在，要替换它吗？\n") +
-                                                     QDir::toNativeSeparators(file))) {
-        return {};
-    }
-    return file.toStdString();
+    return AskFileToWrite(context(), {pattern, QStringLiteral(".txt")}).toStdString();
 }
 
 bool frmXuanHao::WriteFile(const std::string& file, const std::string& text) {
     if (!WriteTextFile(session().host, file, text)) return false;
-    context().desktop.ShowBox(QStringLiteral("提示"), QStringLiteral("保存成功！"),
-                              QDir::toNativeSeparators(Qs(file)));
+    TellSaved(context(), Qs(file), true, {});
     return true;
 }
 

@@ -30,12 +30,15 @@ double TrialsWorth(const Tally& tally) {
 class Ways {
   public:
     Ways(int drawn, int weights)
-        : drawn_(drawn), weights_(weights), ways_(static_cast<std::size_t>((drawn + 1) * weights)) {
+        : drawn_(drawn),
+          weights_(weights),
+          ways_(static_cast<std::size_t>(drawn + 1) * static_cast<std::size_t>(weights)) {
         At(0, 0) = 1;
     }
 
     double& At(int drawn, int weight) {
-        return ways_[static_cast<std::size_t>(drawn * weights_ + weight)];
+        return ways_[static_cast<std::size_t>(drawn) * static_cast<std::size_t>(weights_) +
+                     static_cast<std::size_t>(weight)];
     }
 
     // From the largest number down, so that no ball of the class is counted twice.
@@ -117,6 +120,7 @@ double ChanceOfWeight(std::span<const BallClass> classes, int balls, int drawn, 
 }
 
 Odds OddsOfHit(double chance) {
+    chance = std::clamp(chance, 0.0, 1.0);
     return {1, chance, chance * (1 - chance)};
 }
 
@@ -163,11 +167,13 @@ Interval OwnRange(const Tally& tally) {
 }
 
 Verdict VerdictOf(const Tally& tally) {
-    if (tally.variance <= 0) return Verdict::kTooFew;
+    if (tally.trials <= 0) return Verdict::kTooFew;
     const double chance = tally.Chance();
-    if (TrialsWorth(tally) * std::min(chance, 1 - chance) < kLeastExpected) {
+    if (tally.variance > 0 && TrialsWorth(tally) * std::min(chance, 1 - chance) < kLeastExpected) {
         return Verdict::kTooFew;
     }
+    constexpr double kRounding = 1e-9;  // of the sums
+    if (std::abs(tally.score - tally.mean) < kRounding) return Verdict::kInside;
     const Interval band = LuckBand(tally);
     if (tally.score > band.high) return Verdict::kHigh;
     return tally.score < band.low ? Verdict::kLow : Verdict::kInside;

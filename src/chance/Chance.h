@@ -39,7 +39,7 @@ struct Odds {
     double variance = 0;
 };
 
-// The score is 1 with this chance, else 0.
+// The score is 1 with this chance, else 0. What rounding carries past 0 or 1 is taken off.
 Odds OddsOfHit(double chance);
 // The score is how many of the six reds drawn are among `picked` different ones.
 Odds OddsOfReds(int picked);
@@ -76,7 +76,8 @@ Interval LuckRange(const Tally& tally);
 Interval OwnRange(const Tally& tally);
 
 enum class Verdict {
-    kTooFew,  // fewer than five hits or misses to be expected: both rulers fail there
+    kTooFew,  // fewer than five hits or misses to be expected: both rulers fail there, but for what
+              // is certain
     kInside,
     kHigh,
     kLow,

@@ -71,6 +71,7 @@ std::optional<GridReport> BuildConsecutiveChart(Session& session, const PeriodRa
         gap = FillPairs(grid, row, draw) > 0 ? 0 : gap + 1;
         grid.SetCell(row, kGapCol, std::to_string(gap));
     }
+    grid.footRow = row + 1;
     return report;
 }
 

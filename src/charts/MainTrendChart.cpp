@@ -10,6 +10,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "charts/ChartGround.h"
+#include "charts/CounterTips.h"
 #include "charts/TrendCounters.h"
 #include "draws/NumberSource.h"
 #include "draws/Public_var.h"
@@ -184,6 +185,9 @@ std::optional<MainTrendChart> BuildMainTrendChart(Session& session, const Period
     }
     for (int row = 1; row < grid.rows(); ++row) BandNumbers(grid, row);
     ColourLastRows(grid, draws);
+    grid.footRow = draws + 1;
+    for (std::size_t i = 0; i < kTrendCounters.size(); ++i)
+        grid.SetTip(CounterCol(i), CounterTip(i));
     chart.pickRowList = FillPickRows(grid, draws, inputs->nextIssue);
     FillRates(grid, draws, hits);
     grid.AddRow();

@@ -170,6 +170,7 @@ std::optional<GridReport> BuildSegmentChart(Session& session, const PeriodRange&
         PaintCells(grid, row, kFirstFlag, kLastFlag, kStripe);
     }
     for (int row = 1; !rows.eof(); rows.MoveNext()) FillDraw(grid, row++, rows, hits);
+    grid.footRow = draws + 1;
     grid.SetCell(draws + 1, 1, "共" + std::to_string(draws) + "期");
     WriteChartRates(hits, grid, draws + 1, kSegment, kLastFlag, draws);
     return report;

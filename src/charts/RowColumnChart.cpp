@@ -130,6 +130,7 @@ std::optional<GridReport> BuildRowColumnChart(Session& session, const PeriodRang
     for (const Draw& draw : *draws) FillDraw(grid, row++, draw, layout, hits);
     PaintCells(grid, 1, kFirstBallCol, kLastBallCol, kChartBand);
     const int rateRow = grid.AddRow();
+    grid.footRow = rateRow;
     WriteSmallRates(hits, grid, rateRow, kRepeatCol, kRepeatCol, count - 1);
     WriteSmallRates(hits, grid, rateRow, kRepeatCol + 1, kEmptyRowsCol, count);
     return report;

@@ -226,6 +226,7 @@ std::optional<GridReport> BuildTailChart(Session& session, const PeriodRange& ra
         FillTexts(grid, row, draw, tails.back());
         FillValues(grid, row, values.back(), values[values.size() - 2]);
     }
+    grid.footRow = static_cast<int>(values.size());
     FillRates(grid, values);
     for (int row = 1; row < grid.rows(); ++row) {
         PaintCells(grid, row, kDistances, kPairSums - 1, kStripe);

@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 
 #include "charts/ConsecutiveChart.h"
+#include "ui/qt/GridView.h"
 #include "ui/qt/form.h"
 
 namespace ssq {
@@ -13,7 +14,7 @@ frmLHzst::frmLHzst(const PanelContext& context, QWidget* parent)
                  [this](Run&) { return Show(BuildConsecutiveChart(session(), range())); });
     // Stands there for the day this chart can be exported.
     AddButton(inputs(), "Command2", QStringLiteral("导出"), [] {});
-    AddResults("Frame2", "连号走势图结果");
+    AddResults("Frame2", "连号走势图结果")->SetCrosshair();
 }
 
 }  // namespace ssq

@@ -6,6 +6,7 @@
 #include "charts/RowColumnChart.h"
 #include "draws/Public_var.h"
 #include "ui/Host.h"
+#include "ui/qt/GridView.h"
 #include "ui/qt/Qs.h"
 #include "ui/qt/form.h"
 
@@ -21,7 +22,7 @@ frmWeiHangLie::frmWeiHangLie(const PanelContext& context, QWidget* parent)
     AddRunButton({"Command1", "分析"}, [this](Run&) { return Analyse(); });
     AddButton(inputs(), "Command2", QStringLiteral("帮助"),
               [this] { session().host.ShowMessage(TailLayoutHelp()); });
-    AddResults("Frame2", "分析结果");
+    AddResults("Frame2", "分析结果")->SetCrosshair();
 }
 
 bool frmWeiHangLie::Analyse() {

@@ -21,6 +21,7 @@ frmZST::frmZST(const PanelContext& context, QWidget* parent)
               [this] { SaveGridAsExcel(this->context(), results()); });
 
     GridView* vs1 = AddResults("Frame2", "走势图结果");
+    vs1->SetCrosshair();
     vs1->onPress = [this, vs1](int row, int col, Qt::MouseButton button) {
         if (button != Qt::LeftButton) return;
         vs1->Edit([&](ResultGrid& grid) { TogglePick(grid, pickRowList_, row, col); });

@@ -12,6 +12,9 @@ struct Deployment {
     std::string resultsHost;
     std::string orderHost;
     std::string salesHost;
+    // The sites' pages on this machine, where a host above is this address (see acquire/Gateway.h).
+    int gatewayPort = 0;
+    std::string sourceUrl;  // of the draw notices that the gateway reads; empty for none
     std::string partnerHost;
     std::string partnerCoopId;
     std::string partnerAdId;

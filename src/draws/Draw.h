@@ -75,6 +75,8 @@ struct NewDraw {
     DrawBalls balls{};
     int blue = 0;
     std::string drawn;  // 17 characters; empty while unknown
+
+    bool operator==(const NewDraw&) const = default;
 };
 
 // Appends a row to cphm: the next qid, kjhm in the order of the source, weekday and lunar day by

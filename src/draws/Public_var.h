@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -11,6 +12,7 @@
 
 namespace ssq {
 
+class Gateway;
 class Host;
 
 // Main owns the one Session; everything else takes it by reference.
@@ -29,6 +31,7 @@ struct Session {
     std::filesystem::path userFolder;
     Deployment deployment;
     Connection connection;
+    std::weak_ptr<Gateway> gateway;  // while an update holds one
     // While the program comes up, a database that did not open has been told of already.
     bool isStarting = false;
 

@@ -218,6 +218,7 @@ std::optional<KillReport> KillRecommend(Session& session, const PeriodRange& ran
     for (; row <= inputs.drawCount(); ++row) {
         if (FillDrawRow(session, inputs, grid, row, rightByCol)) ++okCount;
     }
+    grid.footRow = row;
     FillForecastRow(session, inputs, grid, row);
     FillProbabilityRow(inputs, grid, row + 1, rightByCol, okCount);
     return KillReport{{std::move(grid), Caption(inputs), Remark(inputs)}, inputs.settings};

@@ -5,7 +5,6 @@
 #include <bit>
 
 #include "base/numbers.h"
-#include "formulas/BMHZ.h"
 
 namespace ssq {
 
@@ -13,6 +12,34 @@ namespace {
 
 using Word = std::uint64_t;
 constexpr int kWordBits = 64;
+
+std::size_t Index(int number) {
+    return static_cast<std::size_t>(number);
+}
+
+std::vector<std::vector<int>> NumbersOf(std::span<const RedSet> draws) {
+    std::vector<std::vector<int>> all(draws.size());
+    for (std::size_t draw = 0; draw < draws.size(); ++draw) {
+        for (int red = 1; red <= RedSet::kLargest; ++red) {
+            if (draws[draw].Has(red)) all[draw].push_back(red);
+        }
+    }
+    return all;
+}
+
+// For each offset how many numbers of the source, lowered by it in the ring, are in the target: the
+// pairs that lie so far apart.
+std::array<int, RedSet::kLargest> HitsByOffset(const std::vector<int>& target,
+                                               const std::vector<int>& source) {
+    std::array<int, RedSet::kLargest> hits{};
+    for (const int from : source) {
+        for (const int to : target) {
+            const int offset = from - to;
+            ++hits[Index(offset < 0 ? offset + RedSet::kLargest : offset)];
+        }
+    }
+    return hits;
+}
 
 std::int64_t Combinations(int items, int taken) {
     std::int64_t count = 1;
@@ -158,19 +185,16 @@ class Search {
 HitMatrix::HitMatrix(int draws)
     : draws_(draws), hits_(static_cast<std::size_t>(draws) * kFormulaCount) {}
 
-std::size_t HitMatrix::At(int draw, int formula) {
-    return static_cast<std::size_t>(draw) * kFormulaCount + static_cast<std::size_t>(formula);
-}
-
 HitMatrix HitsOf(std::span<const RedSet> before, int draws) {
+    const auto numbers = NumbersOf(before.first(Index(draws) + kFormulaDraws));
     HitMatrix matrix(draws);
     for (int draw = 0; draw < draws; ++draw) {
         const auto target = static_cast<std::size_t>(draw);
-        for (int index = 0; index < kFormulaCount; ++index) {
-            const ShiftFormula formula = FormulaAt(index);
-            const RedSet source = before[target + static_cast<std::size_t>(formula.q)];
-            matrix.Set(draw, index,
-                       ShiftHits(before[target], source, formula.b, ShiftMode::kMinus));
+        for (int q = 1; q <= kFormulaDraws; ++q) {
+            const auto hits = HitsByOffset(numbers[target], numbers[target + Index(q)]);
+            for (int b = 1; b <= kFormulaOffsets; ++b) {
+                matrix.Set(draw, FormulaIndex({q, b}), hits[Index(b)]);
+            }
         }
     }
     return matrix;

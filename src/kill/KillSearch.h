@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/RedSet.h"
+#include "formulas/BMHZ.h"
 
 namespace ssq {
 
@@ -24,7 +25,9 @@ class HitMatrix {
     }
 
   private:
-    static std::size_t At(int draw, int formula);
+    static std::size_t At(int draw, int formula) {
+        return static_cast<std::size_t>(draw) * kFormulaCount + static_cast<std::size_t>(formula);
+    }
 
     int draws_;
     std::vector<std::int16_t> hits_;

@@ -1,6 +1,7 @@
 #include "kill/frmSHAMA.h"
 
 #include <QBoxLayout>
+#include <QPushButton>
 #include <algorithm>
 
 #include "base/numbers.h"
@@ -36,10 +37,16 @@ frmSHAMA::frmSHAMA(const PanelContext& context, QWidget* parent)
     AddButton(inputs(), "Command3", QStringLiteral("历史记录"), [this] { ShowRecords(); });
     progress_ = AddProgress("正在学习中.......");
     GridView* vs1 = AddResults("Frame2", "杀码统计结果(注意：概率降低请重新学习)");
+    // A recommendation needs what learning finds, and follows it.
+    vs1->SetEmptyHint(QStringLiteral("还没有结果。"), QStringLiteral("点此智能学习"),
+                      [this] { learnButton_->click(); });
     SetPopup(context, *vs1, "shama_bgfz", "杀码表格复制",
              {{"m_smfuzi", "复制选中的号码", [vs1] { CopySelection(*vs1); }},
               {"shama_tiaojiangeshi", "复制成条件格式",
-               [vs1] { PutOnClipboard(KillConditions(vs1->grid())); }},
+               [vs1] {
+                   PutOnClipboard(KillConditions(vs1->grid()));
+                   vs1->Tell(QStringLiteral("已复制选中行的条件"));
+               }},
               {"shama_xuanhao", "加入选号台", [this, vs1] {
                    if (this->context().addToPlan) {
                        this->context().addToPlan(KillConditions(vs1->grid()));
@@ -91,10 +98,11 @@ void frmSHAMA::Learn() {
 }
 
 void frmSHAMA::ShowRecords() {
-    frmSHAMAxxjl(
+    frmSHAMAxxjl records(
         context(),
-        [this](const std::string& endIssue, int periods) { CallCommand1(endIssue, periods); }, this)
-        .exec();
+        [this](const std::string& endIssue, int periods) { CallCommand1(endIssue, periods); },
+        this);
+    if (records.exec() == frmSHAMAxxjl::kWantsLearning) learnButton_->click();
 }
 
 }  // namespace ssq

@@ -16,7 +16,7 @@ namespace ssq {
 
 frmSHAMAxuexi::frmSHAMAxuexi(const PanelContext& context, QWidget* parent)
     : PanelDialog(context, parent,
-                  {"frmSHAMAxuexi", "杀号学习设置(学习期数最好在10期内)", 420, 200}) {
+                  {"frmSHAMAxuexi", "杀号学习设置(学习期数最好在10期内)", 580, 200}) {
     auto* settings = AddGroup(column(), "Frame1", QStringLiteral("设置条件"));
     auto* values = AddRow(settings);
     size_ = AddCombo(values, "cboSmGs", QStringLiteral("杀码个数："),

@@ -13,7 +13,9 @@ namespace ssq {
 frmSHAMAxxjl::frmSHAMAxxjl(const PanelContext& context, OnRestored onRestored, QWidget* parent)
     : PanelDialog(context, parent, {"frmSHAMAxxjl", "杀号学习记录", 620, 440}),
       onRestored_(std::move(onRestored)) {
-    vs1_ = AddGrid(AddGroup(column(), "Frame2", {}), "vs1");
+    vs1_ = AddGrid(this->context(), AddGroup(column(), "Frame2", {}), "vs1");
+    vs1_->SetEmptyHint(QStringLiteral("还没有学习记录。"), QStringLiteral("点此智能学习"),
+                       [this] { done(kWantsLearning); });
     auto* row = AddRow(column());
     AddLabel(row, "Label1", QStringLiteral("提示: 选中某条记录后，点击还原可以还原到选中的设置"));
     row->insertStretch(1);

@@ -15,6 +15,9 @@ class frmSHAMAxxjl final : public PanelDialog {
     // Told after a restore: the record's end issue and its number of learning draws.
     using OnRestored = std::function<void(const std::string& endIssue, int periods)>;
 
+    // The result of exec() when the user asks for a learning run instead.
+    static constexpr int kWantsLearning = Accepted + 1;
+
     frmSHAMAxxjl(const PanelContext& context, OnRestored onRestored, QWidget* parent = nullptr);
 
   private:

@@ -82,6 +82,7 @@ ResultGrid Summary(const EdgeDraws& draws, const EdgeRequest& request) {
             if (value > 0) counts.Add(col);
         }
     }
+    grid.footRow = rates;
     grid.SetCell(rates, 1, "概率");
     counts.WriteRates(grid, rates, kFirstHitsCol, oneCol, draws.count());
     return grid;
@@ -100,6 +101,7 @@ class Detail {
     ResultGrid Build() {
         const int next = draws_.count() + 1;
         for (int row = 1; row < next; ++row) WriteDraw(row);
+        grid_.footRow = next;
         WriteShifted(next, "下一期");
         WriteRates(next + 1);
         return std::move(grid_);

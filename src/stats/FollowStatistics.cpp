@@ -70,6 +70,7 @@ ResultGrid EmptyGrid(const std::vector<std::string>& parts, int partSize, int dr
 
 void WriteRates(const ColumnCounts& counts, int draws, ResultGrid& grid) {
     const int row = draws + 1;
+    grid.footRow = row;
     grid.SetRowHeight(row, 350);
     grid.SetCell(row, 0, "共" + std::to_string(draws) + "期");
     grid.SetCell(row, 1, "命中率");

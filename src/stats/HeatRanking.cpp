@@ -244,6 +244,7 @@ HeatOutcome BuildHeatRanking(Session& session, const HeatRequest& request, Run& 
     ResultGrid& grid = outcome.report->grid;
     ColumnCounts counts(grid.cols());
     if (!WriteRows(session, *stretch, run, grid, counts, outcome.failed)) return outcome;
+    grid.footRow = draws + 1;
     outcome.failed = !WriteForecast(session, *stretch, grid, draws + 1);
     if (outcome.failed) return outcome;
     const int rates = grid.AddRow();

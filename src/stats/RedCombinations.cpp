@@ -183,6 +183,7 @@ ResultGrid Display(Recordset& rows, const CombinationTable& table) {
         grid.SetCell(row, lastCol, std::to_string(repeated));
         if (grid.cell(row - 1, lastCol) == grid.cell(row, lastCol)) repeats.Add(lastCol);
     }
+    grid.footRow = draws + 1;
     grid.SetCell(draws + 1, 0, "共" + std::to_string(draws) + "期");
     grid.SetCell(draws + 1, 1, "与上期重复概率");
     repeats.WriteRates(grid, draws + 1, kFirstValueCol, lastCol, std::max(draws - 1, 0));

@@ -8,6 +8,8 @@
 #include "bets/BetPlan.h"
 #include "draws/Draw.h"
 #include "draws/Public_var.h"
+#include "trial/Luck.h"
+#include "trial/TrialReport.h"
 #include "trial/WalkForward.h"
 #include "ui/Host.h"
 
@@ -52,6 +54,16 @@ std::string Fault(const PlanTrial& settings) {
     return reading.errors.empty() ? "" : reading.errors.front().Told();
 }
 
+// How many draws stand before each one that was judged.
+std::vector<std::size_t> DrawsBeforeJudged(const History& history, const TrialResult& result) {
+    std::vector<std::size_t> before;
+    const std::size_t first = history.size() - result.rows.size();
+    for (std::size_t row = 0; row < result.rows.size(); ++row) {
+        if (result.rows[row].reason == NotJudged::kJudged) before.push_back(first + row);
+    }
+    return before;
+}
+
 }  // namespace
 
 std::string TrialFault(const TrialSettings& settings) {
@@ -68,7 +80,19 @@ std::optional<TrialResult> RunBlindTest(Session& session, const TrialSettings& s
     auto draws = ReadAllDraws(session);
     if (!draws) return std::nullopt;
     if (draws->empty()) return refuse("数据不足！");
-    return WalkForward(History(std::move(*draws)), settings, run);
+    const History history(std::move(*draws));
+    const bool chooses = ChoosesBest(settings.method);
+    const auto steps = static_cast<double>(JudgedDraws(history, settings)) + 1;
+    TrialProgress progress{run, steps + (chooses ? kLuckHistories : 0)};
+    auto result = WalkForward(history, settings, progress);
+    if (!result) return std::nullopt;
+    const std::vector<std::size_t> before = DrawsBeforeJudged(history, *result);
+    if (chooses && !before.empty()) {
+        result->luck = LuckOf(settings.method, before, progress);
+        if (!result->luck) return std::nullopt;
+    }
+    WriteReport(*result);
+    return result;
 }
 
 }  // namespace ssq

@@ -92,7 +92,7 @@ struct TrialMark {
 
 struct TrialRow {
     std::string issue;  // YYYYNNN
-    std::string draw;   // the reds, or the blue where blues are predicted
+    std::string draw;   // the reds, and the blue where blues are predicted
     NotJudged reason = NotJudged::kJudged;
     std::vector<std::string> picks;  // one text for each heading of the tracks, none unless judged
     std::vector<TrialMark> marks;    // one for each track, none unless judged
@@ -119,7 +119,7 @@ struct TrialResult {
     // date; `draw` is empty, and the scores of its marks are 0.
     TrialRow next;
     std::vector<TrialSum> sums;      // one for each track
-    std::optional<Luck> luck;        // of methods that choose the best of many
+    std::optional<Luck> luck;        // of methods that choose the best of many, if any was judged
     std::vector<std::string> lines;  // the summary, each a sentence or more
     ResultGrid grid;
     std::string caption;  // of the group around lines, chart and grid
@@ -129,14 +129,6 @@ struct TrialResult {
 // of the run, a random history is another. Nothing after telling the user why, or when the run was
 // ended.
 std::optional<TrialResult> RunBlindTest(Session& session, const TrialSettings& settings, Run& run);
-
-// Whether the method chooses the best of many, so that there is luck to speak of.
-bool ChoosesBest(const TrialMethod& method);
-
-// The luck of the settings on 200 random histories, always the same ones, of as many draws as the
-// method learns on; `draws` are those on file, for methods that take all. To be asked where the
-// method ChoosesBest and the settings have no fault. Nothing when the run was ended.
-std::optional<Luck> LuckOf(const TrialMethod& method, int draws, Run& run);
 
 // The course of a track over its judged draws: sums up to and with a row.
 struct CoursePoint {

@@ -24,6 +24,10 @@ TrackPrediction CountOfReds(RedSet set) {
             {}};
 }
 
+std::string WithBlue(const Draw& draw) {
+    return draw.reds + " + " + TwoDigits(draw.blue);
+}
+
 class RedWrapMethod final : public Method {
   public:
     std::vector<TrialTrack> Tracks() const override {
@@ -70,7 +74,7 @@ class BlueWrapMethod final : public Method {
                           })}};
     }
 
-    std::string Shown(const Draw& draw) const override { return TwoDigits(draw.blue); }
+    std::string Shown(const Draw& draw) const override { return WithBlue(draw); }
 };
 
 class HeatMethod final : public Method {
@@ -131,7 +135,7 @@ class OwnFormulasMethod final : public Method {
     }
 
     std::string Shown(const Draw& draw) const override {
-        return settings_.target == FormulaTarget::kBlue ? TwoDigits(draw.blue) : draw.reds;
+        return settings_.target == FormulaTarget::kBlue ? WithBlue(draw) : draw.reds;
     }
 
   private:

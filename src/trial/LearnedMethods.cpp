@@ -144,6 +144,10 @@ class SingleFormulaMethod final : public Method {
         return kDrawsBeforeTable + (window_ == kAllDraws ? 1 : window_);
     }
 
+    std::size_t DrawsUsed(std::size_t before) const override {
+        return window_ == kAllDraws ? before : DrawsNeeded();
+    }
+
     std::optional<Prediction> Predict(const Before& before, Run& /*run*/) override {
         const auto [formula, held] = Best(before);
         if (held == 0) return Prediction{NotJudged::kNothingLearned, {}, {}};
@@ -197,11 +201,14 @@ class SingleFormulaMethod final : public Method {
 
     void AddRows(const Before& before, std::size_t first, int rows, int weight) {
         const HitMatrix hits = HitsOf(before.sets.subspan(first), rows);
+        std::array<int, kReds + 1> added{};  // by hits
+        for (std::size_t level = 0; level < levels_.size(); ++level) {
+            if (levels_[level]) added[level] = weight;
+        }
         for (int row = 0; row < rows; ++row) {
             for (int formula = 0; formula < kFormulaCount; ++formula) {
-                if (Meets(hits.hits(row, formula))) {
-                    held_[static_cast<std::size_t>(formula)] += weight;
-                }
+                held_[static_cast<std::size_t>(formula)] +=
+                    added[static_cast<std::size_t>(hits.hits(row, formula))];
             }
         }
     }

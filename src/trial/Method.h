@@ -32,6 +32,7 @@ struct BestChoice {
     bool isTaken = false;
 };
 
+// One is made for each history: what it has counted for one draw may serve it at the next.
 class Method {
   public:
     virtual ~Method() = default;
@@ -40,6 +41,9 @@ class Method {
 
     // The fewest draws before a draw that it is predicted from.
     virtual std::size_t DrawsNeeded() const = 0;
+
+    // How many of so many draws before a draw are looked at.
+    virtual std::size_t DrawsUsed(std::size_t /*before*/) const { return DrawsNeeded(); }
 
     // Of a view of at least DrawsNeeded; nothing when the run was ended.
     virtual std::optional<Prediction> Predict(const Before& before, Run& run) = 0;

@@ -87,7 +87,9 @@ std::string LuckLine(const TrialResult& result) {
     // What was stated is of draws on which the learner found something, so it compares with the
     // same of the random histories.
     constexpr double kNearlyAlways = 0.95;
-    if (luck.found > 0 && luck.found < kNearlyAlways) {
+    if (luck.found <= 0) {
+        line += "，只是随机号码上一次也没有学得出";
+    } else if (luck.found < kNearlyAlways) {
         line += "，只算学得出达标公式的那 " + PercentText(luck.found) + "% 则是 " +
                 Number(luck.shown) + "%";
     }
@@ -115,29 +117,28 @@ std::string NothingJudgedLine(const TrialResult& result, NotJudged reason) {
     return newest + "都学不出达标的公式，换个学习期数或胆码个数试试。";
 }
 
-std::string NotJudgedLine(const std::map<NotJudged, int>& counts) {
-    int all = 0;
+using ReasonCounts = std::map<NotJudged, int>;
+
+std::string ReasonsText(const ReasonCounts& counts) {
     std::vector<std::string> reasons;
     for (const auto& [reason, count] : counts) {
-        all += count;
         reasons.push_back(NotJudgedText(reason) + " " + std::to_string(count) + " 期");
     }
-    return "另有 " + std::to_string(all) + " 期没有计入：" + Join(reasons, "，") + "。";
+    return Join(reasons, "，") + "。";
 }
 
 std::vector<std::string> Lines(const TrialResult& result) {
-    std::map<NotJudged, int> counts;
+    ReasonCounts counts;
     for (const TrialRow& row : result.rows) {
         if (row.reason != NotJudged::kJudged) ++counts[row.reason];
     }
-    std::vector<std::string> lines;
-    if (result.sums.front().tally.draws == 0) {
-        const auto most =
-            std::ranges::max_element(counts, {}, &std::map<NotJudged, int>::value_type::second);
-        lines.push_back(NothingJudgedLine(result, most->first));
-        if (counts.size() > 1) lines.push_back(NotJudgedLine(counts));
-        return lines;
+    const int judged = result.sums.front().tally.draws;
+    if (judged == 0 && counts.size() == 1) {
+        return {NothingJudgedLine(result, counts.begin()->first)};
     }
+    const std::string all = std::to_string(result.rows.size());
+    if (judged == 0) return {"最近 " + all + " 期没有一期能计入：" + ReasonsText(counts)};
+    std::vector<std::string> lines;
     for (std::size_t track = 0; track < result.tracks.size(); ++track) {
         lines.push_back(TrackLine(result, track));
     }
@@ -145,7 +146,10 @@ std::vector<std::string> Lines(const TrialResult& result) {
     if (Tests<OwnFormulasTrial>(result)) {
         lines.emplace_back("公式是您自己写的；写公式时看过的那些期，不能算没见过。");
     }
-    if (!counts.empty()) lines.push_back(NotJudgedLine(counts));
+    if (!counts.empty()) {
+        const auto left = static_cast<int>(result.rows.size()) - judged;
+        lines.push_back("另有 " + std::to_string(left) + " 期没有计入：" + ReasonsText(counts));
+    }
     return lines;
 }
 
@@ -161,7 +165,7 @@ struct TrackColumns {
 class TrialGrid {
   public:
     explicit TrialGrid(const TrialResult& result) : result_(result) {
-        ColumnTable columns{{"期号"}, {result.rows.front().draw.size() > 2 ? "开奖号码" : "蓝球"}};
+        ColumnTable columns{{"期号"}, {"开奖号码"}};
         for (const TrialTrack& track : result.tracks) {
             const int first = static_cast<int>(columns.size());
             for (const std::string& pick : track.picks) columns.push_back({pick});
@@ -193,6 +197,12 @@ class TrialGrid {
     int FirstOwn(std::size_t track) const {
         const TrackColumns& place = places_[track];
         return IsShared() ? place.score : place.firstPick;
+    }
+
+    // What is marked as hit and summed up: the numbers, which stand last of the picks.
+    int MainColumn(std::size_t track) const {
+        const TrackColumns& place = places_[track];
+        return IsShared() ? place.score : place.score - 1;
     }
 
     void WriteHeadings() {
@@ -232,6 +242,9 @@ class TrialGrid {
     void WriteDraw(int row, const TrialRow& draw) {
         grid_.SetCell(row, 0, ShortIssue(draw.issue));
         grid_.SetCell(row, 1, draw.draw);
+        if (draw.reason != NotJudged::kJudged) {
+            for (int col = 0; col < kFixedCols; ++col) grid_.SetFore(row, col, kPaleInk);
+        }
         WritePicks(row, draw);
         for (std::size_t track = 0; track < draw.marks.size(); ++track) {
             const double score = draw.marks[track].score;
@@ -241,7 +254,7 @@ class TrialGrid {
                 continue;
             }
             grid_.SetCell(row, col, score > 0 ? "√" : "×");
-            if (score > 0) grid_.SetBack(row, FirstOwn(track), kDrawnMark);
+            if (score > 0) grid_.SetBack(row, MainColumn(track), kDrawnMark);
         }
     }
 
@@ -252,7 +265,7 @@ class TrialGrid {
         grid_.SetRowHeight(row, *grid_.rowHeight(row - 1));
         grid_.SetCell(row, 1, heading);
         for (std::size_t track = 0; track < places_.size(); ++track) {
-            grid_.SetCell(row, FirstOwn(track), text(result_.sums[track]));
+            grid_.SetCell(row, MainColumn(track), text(result_.sums[track]));
         }
     }
 

@@ -37,36 +37,34 @@ constexpr const char* kAll = "全部";
 constexpr int kHundredDraws = 1;   // entry of cboN
 constexpr int kUpperHeight = 420;  // pixels, where the panel has its own size
 constexpr int kLowerHeight = 200;
+
+// What the settings start with where none can be read.
+constexpr int kUsualPeriods = 30;
+constexpr int kThreeBankers = 2;  // entry of cboDMGS
+constexpr int kTwelveKills = 1;   // entry of cboSmGs
+
 constexpr const char* kStart = "开始盲测";
 constexpr const char* kStop = "停止";
 
 // The alternatives of TrialMethod.
 enum MethodIndex { kBankers, kKills, kRedWrap, kBlueWrap, kSingle, kHeat, kOwn, kPlan };
 
-// Which methods show a control.
+// The one or two methods that show a control.
 struct Shown {
     const char* control;
-    std::initializer_list<MethodIndex> methods;
+    MethodIndex method;
+    MethodIndex other;
 };
-const std::array kShown = {
-    Shown{"txtXXQS", {kBankers, kKills}},
-    Shown{"cboDMGS", {kBankers}},
-    Shown{"cboSmGs", {kKills}},
-    Shown{"cboycGs", {kKills}},
-    Shown{"txtGL", {kKills}},
-    Shown{"cboWhere", {kSingle}},
-    Shown{"CboNUM", {kSingle}},
-    Shown{"cboFxqs", {kSingle, kHeat}},
-    Shown{"optRe", {kHeat}},
-    Shown{"optLeng", {kHeat}},
-    Shown{"txtK", {kHeat}},
-    Shown{"lblGongShi", {kOwn}},
-    Shown{"optRed", {kOwn}},
-    Shown{"optBLUE", {kOwn}},
-    Shown{"optDW", {kOwn}},
-    Shown{"TxtMzs", {kOwn}},
-    Shown{"TxtMze", {kOwn}},
-    Shown{"lblFangAn", {kPlan}},
+constexpr std::array kShown = {
+    Shown{"txtXXQS", kBankers, kKills}, Shown{"cboDMGS", kBankers, kBankers},
+    Shown{"cboSmGs", kKills, kKills},   Shown{"cboycGs", kKills, kKills},
+    Shown{"txtGL", kKills, kKills},     Shown{"cboWhere", kSingle, kSingle},
+    Shown{"CboNUM", kSingle, kSingle},  Shown{"cboFxqs", kSingle, kHeat},
+    Shown{"optRe", kHeat, kHeat},       Shown{"optLeng", kHeat, kHeat},
+    Shown{"txtK", kHeat, kHeat},        Shown{"lblGongShi", kOwn, kOwn},
+    Shown{"optRed", kOwn, kOwn},        Shown{"optBLUE", kOwn, kOwn},
+    Shown{"optDW", kOwn, kOwn},         Shown{"TxtMzs", kOwn, kOwn},
+    Shown{"TxtMze", kOwn, kOwn},        Shown{"lblFangAn", kPlan, kPlan},
 };
 
 std::string TextOf(const QLineEdit& box) {
@@ -185,7 +183,9 @@ void frmMangCe::BuildResults(QBoxLayout* column) {
     auto* lower = new QWidget;
     auto* grid = new QVBoxLayout(lower);
     grid->setContentsMargins(0, 0, 0, 0);
-    vs1_ = AddGrid(grid, "vs1");
+    vs1_ = AddGrid(context(), grid, "vs1");
+    vs1_->SetEmptyHint(QStringLiteral("还没有盲测结果。"), QStringLiteral("点此") + start_->text(),
+                       [this] { start_->click(); });
     SetPopup(context(), *vs1_, "m_mangce_bg", "盲测表格",
              {{"m_mangce_fz", "复制选中的号码", [this] { CopySelection(*vs1_); }},
               {"m_mangce_dc", "导出", [this] { SaveGridAsExcel(context(), *vs1_); }}},
@@ -198,7 +198,8 @@ void frmMangCe::BuildResults(QBoxLayout* column) {
 
 // A store that cannot be read is told of once.
 void frmMangCe::LoadDefaults() {
-    constexpr int kTwelveKills = 1;
+    periods_[kBankers] = QString::number(kUsualPeriods);
+    cboDMGS_->setCurrentIndex(kThreeBankers);
     const KillProposal proposal = DefaultKillSettings(kTwelveKills);
     periods_[kKills] = QString::number(kDefaultKillDraws);
     cboSmGs_->setCurrentIndex(kTwelveKills);
@@ -237,7 +238,7 @@ void frmMangCe::ShowSettings() {
     shownMethod_ = cboFangFa_->currentIndex();
     if (periods_.contains(shownMethod_)) txtXXQS_->setText(periods_[shownMethod_]);
     for (const Shown& shown : kShown) {
-        const bool isShown = std::ranges::find(shown.methods, shownMethod_) != shown.methods.end();
+        const bool isShown = shownMethod_ == shown.method || shownMethod_ == shown.other;
         auto* control = findChild<QWidget*>(QString::fromUtf8(shown.control));
         control->setVisible(isShown);
         for (int at = 0; at < settingsRow_->count(); ++at) {
@@ -392,7 +393,10 @@ void frmMangCe::StartOrStop() {
 bool frmMangCe::Test(const TrialSettings& settings, Run& run) {
     auto result = RunBlindTest(session(), settings, run);
     if (!result || !run.goesOn()) return false;
-    if (std::ranges::find(tested_, settings) == tested_.end()) tested_.push_back(settings);
+    const bool isJudged = result->sums.front().tally.draws > 0;
+    if (isJudged && std::ranges::find(tested_, settings) == tested_.end()) {
+        tested_.push_back(settings);
+    }
     ShowResult(std::move(*result));
     return true;
 }

@@ -93,7 +93,7 @@ class frmMangCe final : public Panel {
     bool isRunning_ = false;
     int shownMethod_ = -1;
     std::map<int, QString> periods_;     // learning draws by method
-    std::vector<TrialSettings> tested_;  // different ones, since the panel was opened
+    std::vector<TrialSettings> tested_;  // different ones that judged any draw, since the opening
 };
 
 }  // namespace ssq

@@ -180,6 +180,30 @@ void ResultGrid::SetMergeAllCols() {
     for (int col = 0; col < cols_; ++col) mergeCols_.insert(col);
 }
 
+const std::string& ResultGrid::tip(int col) const {
+    static const std::string kNone;
+    const auto found = tips_.find(col);
+    return found == tips_.end() ? kNone : found->second;
+}
+
+void ResultGrid::SetTip(int col, std::string html) {
+    if (InsideCol(col)) tips_[col] = std::move(html);
+}
+
+ResultGrid ResultGrid::Reordered(std::span<const int> rows) const {
+    ResultGrid result = *this;
+    result.rowHeights_.clear();
+    for (int row = 0; row < rows_; ++row) {
+        const int from = rows[static_cast<std::size_t>(row)];
+        std::copy_n(textOf_.begin() + static_cast<std::ptrdiff_t>(At(from, 0)), cols_,
+                    result.textOf_.begin() + static_cast<std::ptrdiff_t>(At(row, 0)));
+        std::copy_n(styleOf_.begin() + static_cast<std::ptrdiff_t>(At(from, 0)), cols_,
+                    result.styleOf_.begin() + static_cast<std::ptrdiff_t>(At(row, 0)));
+        if (const auto height = rowHeight(from)) result.rowHeights_[row] = *height;
+    }
+    return result;
+}
+
 void ResultGrid::Select(int row, int col, int rowSel, int colSel) {
     if (!Inside(row, col) || !Inside(rowSel, colSel)) return;
     row_ = row;

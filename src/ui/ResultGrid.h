@@ -7,6 +7,7 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -102,6 +103,18 @@ class ResultGrid {
     void SetMergeCol(int col);
     void SetMergeAllCols();
 
+    // What a heading means, as rich text that the pointer raises over the column's lowest heading.
+    const std::string& tip(int col) const;
+    void SetTip(int col, std::string html);
+
+    // The same grid with its rows in another order: row i is row rows[i] of this one. What is kept
+    // by row goes with it; the selection stays where it is.
+    ResultGrid Reordered(std::span<const int> rows) const;
+
+    // The first of the rows behind the draws: the recommendation and what sums up. A heavy line
+    // stands above it, and no sorting moves it or the rows below.
+    std::optional<int> footRow;
+
     // Colours of the whole grid where a cell has none of its own; the fixed cells keep the
     // view's look.
     std::optional<Rgb> gridBack;
@@ -145,6 +158,7 @@ class ResultGrid {
     std::map<int, int> colWidths_;
     std::vector<ColumnRun> evenCols_;
     std::map<int, Align> alignments_;
+    std::map<int, std::string> tips_;
     std::set<int> hiddenCols_;
     std::set<int> nameCols_;
     std::set<int> mergeRows_;

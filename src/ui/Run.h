@@ -39,6 +39,9 @@ class Run {
     // The same without a share.
     [[nodiscard]] bool Yield() { return ++steps_ % kStepsPerLook != 0 || Look(); }
 
+    // Yield for work that waits: looks at the clock every time.
+    [[nodiscard]] bool YieldNow() { return Look(); }
+
     // Step for work that takes some ms a step: looks at the clock every time.
     [[nodiscard]] bool SlowStep(double done, double total) {
         done_ = done;
@@ -50,6 +53,7 @@ class Run {
     void ShowLast();
 
     bool goesOn() const;
+    Host& host() const { return host_; }
 
   private:
     // A look at the clock costs about 20 ns, so one in 16 steps keeps a step near 1 ns.

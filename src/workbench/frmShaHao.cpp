@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTabBar>
 
 #include "draws/Public_var.h"
@@ -88,7 +89,9 @@ void frmShaHao::BuildTabs(QBoxLayout* column) {
     auto* views = new QVBoxLayout(stack);
     views->setContentsMargins(0, 0, 0, 0);
     column->addWidget(stack, 1);
-    vs1_ = AddGrid(views, "vs1");
+    vs1_ = AddGrid(this->context(), views, "vs1");
+    vs1_->SetEmptyHint(QStringLiteral("还没有统计结果。"), QStringLiteral("点此统计公式"),
+                       [this] { mainButton()->click(); });
     BuildFilters(views);
     BuildChart(views);
     column->addWidget(remark_ = new ChanceRemark(context()));
@@ -114,7 +117,10 @@ void frmShaHao::BuildFilters(QBoxLayout* views) {
     SetMainButtonOf(txtGL_, AddButton(row, "Command4", QStringLiteral("筛选"),
                                       [this] { Filter(kRateFilter, txtGL_->text()); }));
     AddButton(row, "Command5", QStringLiteral("遗漏筛选"), [this] { ShowOmissionScreen(); });
-    vs2_ = AddGrid(views, "vs2");
+    vs2_ = AddGrid(this->context(), views, "vs2");
+    vs2_->SetEmptyHint(QStringLiteral("没有筛选出的公式。"),
+                       QStringLiteral("点此按当前遗漏次数筛选"),
+                       [this] { Filter(kGapFilter, cboYLCS_->currentText()); });
 }
 
 void frmShaHao::BuildChart(QBoxLayout* views) {
@@ -123,9 +129,7 @@ void frmShaHao::BuildChart(QBoxLayout* views) {
         cboZst_->addItem(QString::fromUtf8(length.caption));
     }
     connect(cboZst_, &QComboBox::activated, this, [this] { ChangeChartLength(); });
-    chart_ = new LineChart;
-    chart_->setObjectName(QStringLiteral("ZST"));
-    views->addWidget(chart_, 1);
+    chart_ = AddLineChart(context(), views, "ZST");
 }
 
 void frmShaHao::DeclarePopups() {

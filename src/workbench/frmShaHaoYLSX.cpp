@@ -50,7 +50,10 @@ frmShaHaoYLSX::frmShaHaoYLSX(const PanelContext& context, frmShaHao& workbench)
     txtGL_->setText(QStringLiteral("99.5"));
 
     results_ = AddGroup(column, "Frame2", QString::fromUtf8(kResultsCaption));
-    vs1_ = AddGrid(results_, "vs1");
+    vs1_ = AddGrid(context, results_, "vs1");
+    vs1_->SetEmptyHint(QStringLiteral("没有筛选出的公式。"),
+                       QStringLiteral("点此筛选当前遗漏大于最大遗漏的"),
+                       [this] { Filter(kGapFilter, std::nullopt); });
     SetPopup(
         context, *vs1_, "f_mz", "复制",
         {{"m_ylsx_fz", "复制号码", [this] { CopySelection(*vs1_); }},

@@ -130,6 +130,7 @@ std::optional<GridReport> BuildBlueWrap(Session& session, const PeriodRange& ran
         blues.push_back(draw.blue);
         ++row;
     }
+    grid.footRow = row;
     grid.SetCell(row, 0, std::to_string(next));
     grid.SetCell(row, 1, "围蓝");
     WriteWrap(grid, row, wrapBehind(), {});

@@ -213,6 +213,7 @@ std::optional<GridReport> BuildRedWrap(Session& session, const PeriodRange& rang
         grid.SetBack(row, kHitsCol, kStripe);
         missed.push_back(MissedPairs(draw.set));
     }
+    grid.footRow = count + 1;
     grid.SetRowHeight(count + 1, kForecastHeight);
     grid.SetCell(count + 1, 1, "下期预测号码");
     recent.MoveBehind(missed);

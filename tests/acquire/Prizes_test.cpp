@@ -1,5 +1,3 @@
-#include "acquire/Prizes.h"
-
 #include "base/text.h"
 #include "support/UpdateTest.h"
 
@@ -25,25 +23,40 @@ class PrizeUpdate : public UpdateTest {
         database.AddDraw(2009002, "2009-01-04", "01,02,03,04,05,06", 7);
         database.Run("insert into cpjc(kjqh,xqjc) values(2009001,5)");
     }
-    int Update(const std::string& notice) {
-        site.Serve("/zjfc/06asp_gg_ssq.asp", Always(notice));
-        return UpdatePrizes(database.session());
+    std::vector<std::string> Update(const std::string& notice) {
+        site.Serve(kNoticePath, Always(notice));
+        updates.Prizes();
+        return Told();
     }
 };
 
 TEST_F(PrizeUpdate, WritesEveryNoticeBehindTheNewestRow) {
     database.AddDraw(2009003, "2009-01-06", "01,02,03,04,05,06", 7);
     const std::string notice = NoticePage("160,000,000", "271828182", kPrizes);
-    EXPECT_EQ(Update(notice), 2);
-    EXPECT_THAT(Told(), ElementsAre("共更新2期！"));
+    EXPECT_THAT(Update(notice), ElementsAre("共更新2期！"));
     EXPECT_THAT(site.requests(),
                 ElementsAre(HasSubstr("?qishu=2009002 "), HasSubstr("?qishu=2009003 ")));
     EXPECT_THAT(database.Texts("select xqjc,tze,zfj,zs1d,mz1d,jj1d,zs2d,jj2d,zs3d,mz3d,jj3d,"
                                "zs6d,mz6d,jj6d from cpjc where kjqh=2009002"),
                 ElementsAre("271828182", "160000000", "80107306", "3", "6234567", "18703701", "0",
                             "0", "1044", "3000", "3132000", "7654321", "5", "38271605"));
-    EXPECT_EQ(Update(notice), 0);
-    EXPECT_THAT(Told(), ElementsAre("数据为最新，无需更新！"));
+    EXPECT_THAT(Update(notice), ElementsAre("数据为最新，无需更新！"));
+    EXPECT_EQ(status, "奖池信息：已是最新");
+}
+
+TEST_F(PrizeUpdate, StartedASecondTimeTakesOverAndCountsTheRowsOfBoth) {
+    database.AddDraw(2009003, "2009-01-06", "01,02,03,04,05,06", 7);
+    database.AddDraw(2009004, "2009-01-08", "01,02,03,04,05,06", 7);
+    const PageReply slow{.body = Gbk(NoticePage("160,000,000", "271828182", kPrizes)),
+                         .delay = std::chrono::milliseconds(20)};
+    site.Serve(kNoticePath, [&](const std::string&) { return slow; });
+    InBetween([this] { updates.Prizes(); },
+              [this] { return database.Texts("select kjqh from cpjc").size() == 2; });
+    updates.Prizes();
+    EXPECT_THAT(Told(), ElementsAre("共更新3期！"));
+    EXPECT_EQ(status, "奖池信息：已更新 3 期");
+    EXPECT_THAT(database.Texts("select kjqh from cpjc"),
+                ElementsAre("2009001", "2009002", "2009003", "2009004"));
 }
 
 TEST_F(PrizeUpdate, StopsAtANoticeThatIsNotPublishedOrDoesNotParse) {
@@ -72,10 +85,11 @@ TEST_F(PrizeUpdate, StopsAtANoticeThatIsNotPublishedOrDoesNotParse) {
         {NoticePage("1);drop", "1", kPrizes), "2009002期的投注总额不正确：1);drop"},
         {NoticePage("1", "1,(select2)", kPrizes), "2009002期的未中出奖金不正确：1,(select2)"},
         {NoticePage("1", "1e300", kPrizes), "2009002期的未中出奖金不正确：1e300"},
+        {NoticePage("1e999", "1", kPrizes), "2009002期的投注总额不正确：1e999"},
+        {with(1, {"1e999", "1"}), "2009002期的二等奖注数不正确：1e999"},
     };
     for (const auto& c : kCases) {
-        EXPECT_EQ(Update(c.page), 0);
-        EXPECT_EQ(Told().back(), c.told);
+        EXPECT_EQ(Update(c.page).back(), c.told);
         EXPECT_THAT(database.Texts("select kjqh from cpjc"), ElementsAre("2009001"));
     }
 }

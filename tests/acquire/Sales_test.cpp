@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "support/UpdateTest.h"
+#include "ui/Run.h"
 
 namespace ssq {
 namespace {
@@ -16,8 +17,10 @@ class SalesUpdate : public UpdateTest {
         database.AddDraw(2009012, "2009-01-29", "01,02,11,12,22,23", 7);
     }
     void Update(const std::string& page) {
-        site.Serve("/pages/info/ssq/inc/red_fsfx_inc.php", Always(page));
-        UpdateSales(database.session());
+        site.Serve(kSalesPath, Always(page));
+        ssq::Run run(database.host());
+        const UpdateResult result = UpdateSales(database.session(), run);
+        if (!result.box.empty()) database.host().ShowMessage(result.box);
     }
 
     // Number n stands at position 34 - n.

@@ -5,6 +5,7 @@
 
 #include "support/LotterySite.h"
 #include "support/TestHost.h"
+#include "ui/Run.h"
 
 namespace ssq {
 namespace {
@@ -16,10 +17,12 @@ class Fetch : public testing::Test {
   protected:
     std::string Get(PageReply reply, const FetchOptions& options = {}) {
         server.Serve("/page", [reply](const std::string&) { return reply; });
-        return FetchPage(host, server.url() + "/page?a=1", options);
+        return FetchPage(run, server.url() + "/page?a=1", fault, options);
     }
 
     TestHost host;
+    ssq::Run run{host};
+    std::string fault;
     PageServer server;
 };
 
@@ -42,15 +45,40 @@ TEST_F(Fetch, FollowsRedirectsOverHttpOnly) {
 
 TEST_F(Fetch, GivesNothingAndShowsNothingOnFailure) {
     using std::chrono::milliseconds;
-    EXPECT_EQ(Get({.body = "a page that breaks off", .cutAt = 6}), "");
-    EXPECT_EQ(Get({""}), "");
-    EXPECT_EQ(
-        Get({.body = "late", .delay = milliseconds(400)}, {.totalTimeout = milliseconds(100)}), "");
+    const struct {
+        PageReply reply;
+        FetchOptions options;
+        const char* reason;
+    } kCases[] = {
+        {{.body = "a page that breaks off", .cutAt = 6}, {}, "网页没有收全"},
+        {{""}, {}, "网页是空的"},
+        {{.body = "late", .delay = milliseconds(400)}, {.silence = milliseconds(100)}, "没有回应"},
+        {{std::string(1001, 'x')}, {.largestBody = 1000}, "网页太大"},
+        {{.body = "no such page", .status = 404}, {}, "网站回答 404"},
+        {{.body = "out of order", .status = 500}, {}, "网站回答 500"},
+    };
+    for (const auto& c : kCases) {
+        EXPECT_EQ(Get(c.reply, c.options), "");
+        EXPECT_EQ(fault, "没有收到 " + server.url().substr(7) + " 的网页（" + c.reason + "）");
+    }
     EXPECT_EQ(Get({std::string(1000, 'x')}, {.largestBody = 1000}), std::string(1000, 'x'));
-    EXPECT_EQ(Get({std::string(1001, 'x')}, {.largestBody = 1000}), "");
-    EXPECT_EQ(FetchPage(host, "http://127.0.0.1:1/"), "");
-    EXPECT_EQ(FetchPage(host, "file:///etc/hostname"), "");
+    EXPECT_EQ(fault, "");
+    EXPECT_EQ(FetchPage(run, "http://127.0.0.1:1/", fault), "");
+    EXPECT_EQ(fault, "没有收到 127.0.0.1:1 的网页（连接不上）");
+    EXPECT_EQ(FetchPage(run, "file:///etc/hostname", fault), "");
     EXPECT_THAT(host.boxes, IsEmpty());
+}
+
+TEST_F(Fetch, TakesAsLongAsThePageKeepsComing) {
+    using std::chrono::milliseconds;
+    const PageReply slow{.body = std::string(1000, 'x'), .pause = milliseconds(150)};
+    EXPECT_EQ(Get(slow, {.silence = milliseconds(400)}), slow.body);
+}
+
+TEST_F(Fetch, EndsWithTheProgram) {
+    host.onPump = [this] { host.Stop(); };
+    EXPECT_EQ(Get({.body = "late", .delay = std::chrono::milliseconds(400)}), "");
+    EXPECT_EQ(fault, "");
 }
 
 TEST(DecodePage, TakesUtf8WhereThePageSaysSoAndIsIt) {

@@ -3,8 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <random>
+
+#include "banker/HighestRates.h"
 #include "banker/LearningRecords.h"
 #include "banker/PositionFormulas.h"
+#include "base/combinations.h"
 #include "support/TestDatabase.h"
 #include "ui/Run.h"
 
@@ -35,6 +39,33 @@ TEST(PositionFormulas, CountOneRoundMoreThanTheirDivisor) {
     EXPECT_THAT(Texts(BestFormulas(draws, {1, 2}, 2)), ElementsAre("0,6: 200", "0,18: 200"));
     EXPECT_THAT(BestFormulas(draws, {2, 1}, 3), IsEmpty());  // a draw short
     EXPECT_THAT(BallsAt({0, 7, 23}, draws), ElementsAre(1, 7, 21));
+}
+
+// Views at the borders of what is scored in one go, windows at those of a word.
+TEST(PositionFormulas, AreScoredForManyDrawsAsForEach) {
+    std::mt19937 random(7);
+    std::vector<DrawBalls> draws(200);
+    for (DrawBalls& draw : draws) {
+        draw = CombinationAt(static_cast<std::int32_t>(random() % kCombinationCount) + 1);
+    }
+    constexpr std::size_t kViews = 90;
+    for (const BankerSettings& settings :
+         {BankerSettings{5, 1}, BankerSettings{63, 2}, BankerSettings{64, 3},
+          BankerSettings{100, 1}, BankerSettings{100, 3}, BankerSettings{20, 4},
+          BankerSettings{30, 5}}) {
+        const auto all = HighestRates(draws, kViews, settings, 4);
+        ASSERT_EQ(all.size(), kViews);
+        for (const std::size_t view : {0, 1, 62, 63, 64, 65, 89}) {
+            const auto before = std::span(draws).subspan(view);
+            std::vector<ScoredFormula> good = all[view];
+            std::erase_if(good, [&](const ScoredFormula& formula) {
+                return formula.rate < GoodRate(settings.dmgs);
+            });
+            EXPECT_EQ(Texts(good), Texts(BestOf(*GoodFormulas(before, settings, {}), 4)))
+                << settings.xxqs << " " << settings.dmgs << " " << view;
+            EXPECT_EQ(Texts(good), Texts(BestFormulas(before, settings, 4)));
+        }
+    }
 }
 
 class Learning : public testing::Test {

@@ -71,6 +71,14 @@ TEST(Chance, OfHitsSumsToOneAndOfWeightsMatchesThePlainCount) {
     }
 }
 
+// Of three tries of two fair draws each the best has more than none in 63 cases of 64, and both in
+// 37.
+TEST(Chance, TheBestOfManyTriesShowsMore) {
+    EXPECT_NEAR(BestRateByLuck(3, 2, 0.5), (63 + 37) / 64.0 / 2 * 100, 1e-12);
+    EXPECT_EQ(BestRateByLuck(130, 50, 1), 100);
+    EXPECT_EQ(BestRateByLuck(130, 0, 0.5), 0);
+}
+
 TEST(Chance, IntervalVerdictAndBandAgreeEverywhere) {
     // Draws of one chance, of two, and of counts; each with every score there can be.
     const std::vector<std::vector<Odds>> histories = {
@@ -113,7 +121,8 @@ TEST(Chance, GivesNoVerdictWhereHardlyAnythingIsExpected) {
     EXPECT_EQ(verdict(51, 0.1, 20), Verdict::kHigh);
     EXPECT_EQ(verdict(51, 0.9, 20), Verdict::kLow);
     EXPECT_EQ(verdict(49, 0.9, 20), Verdict::kTooFew);
-    EXPECT_EQ(verdict(1000, 1, 1000), Verdict::kTooFew);  // no draw could go the other way
+    EXPECT_EQ(verdict(1000, 1 + 1e-15, 1000), Verdict::kInside);  // certain
+    EXPECT_EQ(verdict(1000, 0, 0), Verdict::kInside);
     EXPECT_EQ(verdict(0, 0.5, 0), Verdict::kTooFew);
     // 47 of 100 at 45.75 %, worked out by hand.
     Tally tally;

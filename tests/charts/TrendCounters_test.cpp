@@ -6,6 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "base/numbers.h"
+#include "base/text.h"
+#include "charts/CounterTips.h"
 #include "charts/dapan_fx.h"
 #include "charts/tails.h"
 
@@ -121,6 +124,41 @@ TEST(Tails, AttributesOfOneDraw) {
     EXPECT_EQ(CountEqualGaps(std::vector{0, 0, 0, 3, 3, 9}), 2);  // 0, 0, 3, 0, 6
     EXPECT_EQ(CountEqualGaps(std::vector{0, 1, 2, 4, 6, 9}), 0);  // 1 and 2 are passed over
     EXPECT_EQ(SortNumberList("07,3,11,03,00,10"), "00,03,03,07,10,11");
+}
+
+// Each drawing shows what its counter counts: as many numbers as it marks, and enough of them to
+// make the pattern occur.
+TEST(CounterTips, TheDrawingsCount) {
+    for (std::size_t i = 0; i < kTrendCounters.size(); ++i) {
+        std::vector<Draw> draws;
+        int marked = 0;
+        for (const char* line : kCounterMeanings[i].draws) {
+            if (!line) break;
+            std::vector<std::string> reds;
+            Draw draw;
+            marked = 0;
+            for (const std::string& place : Split(line, " ")) {
+                if (place.ends_with('*')) ++marked;
+                if (place.starts_with('+'))
+                    draw.blue = static_cast<int>(Val(place.substr(1)));
+                else if (place != ".")
+                    reds.push_back(place.substr(0, 2));
+            }
+            draw.reds = Join(reds, ",");
+            draw.set = RedSet::FromList(draw.reds);
+            draws.push_back(draw);
+        }
+        // Rows enough above the picture for every counter to begin.
+        draws.insert(draws.begin(), 5 - draws.size(), Draw{});
+        const int count = CountRow(draws, 5)[i];
+        const std::string heading = kTrendCounters[i].heading;
+        const bool pairs =
+            heading == "横跳" || heading == "连号" || heading == "对望" || heading == "∧";
+        const bool once = heading == "01距" || heading.starts_with("间距");
+        EXPECT_EQ(count, once ? 1 : pairs ? (marked + 1) / 2 : marked) << heading;
+        EXPECT_GT(count, kTrendCounters[i].commonUpTo) << heading;
+        EXPECT_NE(CounterTip(i).find(Replace(heading, "<", "&lt;")), std::string::npos);
+    }
 }
 
 }  // namespace

@@ -77,5 +77,22 @@ TEST_F(AcquireRoad, BringsAnEmptyHistoryUpToDate) {
     EXPECT_EQ(grid.Cell(3, 0), "2003007");
 }
 
+TEST_F(AcquireRoad, UpdatesAllFromTheGatewayBesideTheProgram) {
+    std::filesystem::create_symlink(GatewayProgram(), driver.folder() / "ssq_gateway");
+    std::filesystem::copy_file(SourceFolder() / "data" / "draws.csv",
+                               driver.folder() / "data" / "draws.csv");
+    driver.Do({{"do", "site"}, {"url", "http://127.0.0.1:8615"}});
+    driver.Sql("delete from cphm where kjqh>2026094");
+    driver.Sql("delete from cpjc where kjqh>2026094");
+    driver.Sql("update cphm set cqsx='x' where cqsx is null");
+    const std::string sum =
+        "开奖数据：已更新 20 期；奖池信息：已更新 1 期，2026096期尚未公布；"
+        "出球顺序：2026095期尚未公布";
+    EXPECT_THAT(driver.Click("cmdUpdateAll").Messages(), ElementsAre(sum + "。"));
+    EXPECT_EQ(driver.Get("bar1")["panels"][2], sum);
+    EXPECT_EQ(driver.Get("bar1")["panels"][0], "最新:2026114");
+    EXPECT_EQ(driver.Text("cboEdate"), "2026114");
+}
+
 }  // namespace
 }  // namespace ssq

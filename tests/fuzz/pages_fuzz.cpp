@@ -13,6 +13,7 @@
 #include "base/text.h"
 #include "fuzz/Fuzz.h"
 #include "support/TestDatabase.h"
+#include "ui/Run.h"
 
 namespace ssq {
 
@@ -26,7 +27,12 @@ std::vector<std::string>& Pages() {
 }  // namespace
 
 // In place of the fetch of a page.
-std::string FetchPage(Host&, const std::string&, const FetchOptions&) {
+std::optional<FetchedBody> FetchBody(Run&, const std::string&, std::string&, const FetchOptions&) {
+    return std::nullopt;
+}
+
+std::string FetchPage(Run&, const std::string&, std::string& fault, const FetchOptions&) {
+    fault = Pages().empty() ? "没有网页" : "";
     if (Pages().empty()) return {};
     const std::string body = Pages().back();
     Pages().pop_back();
@@ -45,6 +51,9 @@ void Reset(TestDatabase& database) {
     database.AddDraw(2009002, "2009-01-04", "01,02,03,04,05,06", 7);
     database.AddDraw(2009003, "2009-01-06", "01,02,03,04,05,06", 7);
     database.Run("insert into cpjc(kjqh,xqjc) values(2009001,5)");
+    // Not the gateway's address.
+    Deployment& hosts = database.session().deployment;
+    hosts.resultsHost = hosts.orderHost = hosts.salesHost = "http://site";
 }
 
 TestDatabase& Database() {
@@ -79,18 +88,20 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::vector<std::string> pages = ssq::Split(ssq::FuzzText(data + 1, size - 1), "\f");
     ssq::Pages().assign(pages.rbegin(), pages.rend());
     constexpr int kUpdates = 4;
+    ssq::Run run(database.host());
+    int written = 0;
     switch (data[0] % kUpdates) {
         case 0:
-            ssq::UpdateDraws(database.session());
+            ssq::UpdateDraws(database.session(), run, written);
             break;
         case 1:
-            ssq::UpdatePrizes(database.session());
+            ssq::UpdatePrizes(database.session(), run, written);
             break;
         case 2:
-            ssq::UpdateBallOrder(database.session());
+            ssq::UpdateBallOrder(database.session(), run, written);
             break;
         default:
-            ssq::UpdateSales(database.session());
+            ssq::UpdateSales(database.session(), run);
     }
     ssq::CheckDraws(database);
     return 0;

@@ -57,6 +57,8 @@ TEST_F(KillRecommendTest, ShowsEachDrawTheForecastAndTheRates) {
     EXPECT_EQ(grid.cell(1, 0) + " " + grid.cell(1, 1), "2020011 06,20,21,22,23,24");
     EXPECT_EQ(result.caption,
               "杀码统计结果,共2期数据(当前的学习模式是：10期内杀12码,最多允许错0码)");
+    // Seven and eleven different numbers: (C(26,6) + C(22,6)) / 2 of C(33,6).
+    EXPECT_EQ(result.remark, "机会线：随便杀同样多的号码，判定√ 13.76%，单个位置杀对 81.82%。");
     EXPECT_EQ(Row(0), "01,02,03,04,05,06,07,08,09,10,11,12,命中,判定");
     // 06 is killed by both formulas and counts once.
     EXPECT_EQ(Row(1), "06,07,08,09,10,11,05,06,07,08,09,10,1,×");

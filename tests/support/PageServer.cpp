@@ -2,6 +2,7 @@
 
 #include <httplib.h>
 
+#include <algorithm>
 #include <map>
 #include <mutex>
 #include <stdexcept>
@@ -54,12 +55,16 @@ class PageServer::Site {
     void Answer(const httplib::Request& request, httplib::Response& response) {
         const PageReply reply = Find(request);
         std::this_thread::sleep_for(reply.delay);
+        response.status = reply.status;
         if (!reply.location.empty()) response.set_redirect(reply.location);
-        if (reply.cutAt >= reply.body.size()) return response.set_content(reply.body, "text/html");
-        const auto send = [part = reply.body.substr(0, reply.cutAt)](std::size_t, std::size_t,
-                                                                     httplib::DataSink& sink) {
-            sink.write(part.data(), part.size());
-            return false;
+        if (reply.cutAt >= reply.body.size() && reply.pause.count() == 0) {
+            return response.set_content(reply.body, "text/html");
+        }
+        const auto send = [reply](std::size_t offset, std::size_t, httplib::DataSink& sink) {
+            std::this_thread::sleep_for(reply.pause);
+            const std::size_t end = std::min(reply.cutAt, reply.body.size());
+            const std::size_t size = std::min(reply.body.size() / 4 + 1, end - offset);
+            return size > 0 && sink.write(reply.body.data() + offset, size);
         };
         response.set_content_provider(reply.body.size(), "text/html", send);
     }

@@ -15,6 +15,8 @@ struct PageReply {
     std::string location = {};              // redirects there
     std::size_t cutAt = std::string::npos;  // the connection closes after so many bytes of the body
     std::chrono::milliseconds delay{0};
+    std::chrono::milliseconds pause{0};  // before each quarter of the body
+    int status = 200;
 };
 
 class PageServer {

@@ -14,4 +14,8 @@ std::filesystem::path PanelDriver() {
     return SSQ_PANEL_DRIVER;
 }
 
+std::filesystem::path GatewayProgram() {
+    return SSQ_GATEWAY;
+}
+
 }  // namespace ssq

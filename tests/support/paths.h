@@ -7,6 +7,7 @@ namespace ssq {
 
 std::filesystem::path DeliveredDatabase();
 std::filesystem::path SourceFolder();  // of the whole project
-std::filesystem::path PanelDriver();   // the program
+std::filesystem::path PanelDriver();   // the programs
+std::filesystem::path GatewayProgram();
 
 }  // namespace ssq

@@ -4,10 +4,14 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QProcess>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QUrl>
 #include <algorithm>
 #include <memory>
@@ -101,10 +105,15 @@ bool SystemDesktop::Confirm(const QString& title, const QString& text) {
     return box->exec() == QMessageBox::Ok;
 }
 
-QString SystemDesktop::AskSaveFile(const QString& pattern) {
-    return QFileDialog::getSaveFileName(QApplication::activeWindow(), QStringLiteral("保存文件"),
-                                        QString(), pattern, nullptr,
-                                        QFileDialog::DontConfirmOverwrite);
+QString SystemDesktop::AskSaveFile(const QString& pattern, const QString& proposed) {
+    if (lastFolder_.isEmpty()) {
+        lastFolder_ = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    }
+    const QString file = QFileDialog::getSaveFileName(
+        QApplication::activeWindow(), QStringLiteral("保存文件"),
+        QDir(lastFolder_).filePath(proposed), pattern, nullptr, QFileDialog::DontConfirmOverwrite);
+    if (!file.isEmpty()) lastFolder_ = QFileInfo(file).absolutePath();
+    return file;
 }
 
 QString SystemDesktop::AskOpenFile(const QString& title, const QString& folder,
@@ -120,6 +129,10 @@ void SystemDesktop::Open(const QString& urlOrFile) {
 void SystemDesktop::StartProgram(const QString& file, const QString& arguments) {
     // As one argument: words taken apart would lose the blanks between and behind them.
     if (!QProcess::startDetached(file, {arguments})) TellCannotOpen(file);
+}
+
+bool SystemDesktop::AskPrinter(QPrinter& printer) {
+    return QPrintDialog(&printer, QApplication::activeWindow()).exec() == QDialog::Accepted;
 }
 
 void SystemDesktop::RaisePopup(QMenu& menu, const QPoint& place) {

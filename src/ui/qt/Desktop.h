@@ -7,6 +7,7 @@
 
 class QMenu;
 class QPoint;
+class QPrinter;
 
 namespace ssq {
 
@@ -26,8 +27,8 @@ class Desktop {
 
     // The chosen file, empty when the user cancels. `pattern` is such as "*.xls"; an empty folder
     // is the one used last. Whether a file that exists may be replaced is asked by the caller, who
-    // may still add an ending.
-    virtual QString AskSaveFile(const QString& pattern) = 0;
+    // may still add an ending. `proposed` is a name to begin with.
+    virtual QString AskSaveFile(const QString& pattern, const QString& proposed) = 0;
     virtual QString AskOpenFile(const QString& title, const QString& folder,
                                 const QString& pattern) = 0;
 
@@ -36,6 +37,9 @@ class Desktop {
 
     // Starts a program without waiting for it; `arguments` is one text, as it goes to the system.
     virtual void StartProgram(const QString& file, const QString& arguments) = 0;
+
+    // Lets the user choose a printer and its settings; false when the user cancels.
+    virtual bool AskPrinter(QPrinter& printer) = 0;
 
     // Shows the menu at a place of the screen and returns when it is closed.
     virtual void RaisePopup(QMenu& menu, const QPoint& place) = 0;
@@ -46,12 +50,16 @@ class SystemDesktop final : public Desktop {
   public:
     void ShowBox(const QString& title, const QString& text, const QString& note) override;
     bool Confirm(const QString& title, const QString& text) override;
-    QString AskSaveFile(const QString& pattern) override;
+    QString AskSaveFile(const QString& pattern, const QString& proposed) override;
     QString AskOpenFile(const QString& title, const QString& folder,
                         const QString& pattern) override;
     void Open(const QString& urlOrFile) override;
     void StartProgram(const QString& file, const QString& arguments) override;
+    bool AskPrinter(QPrinter& printer) override;
     void RaisePopup(QMenu& menu, const QPoint& place) override;
+
+  private:
+    QString lastFolder_;  // that a file was saved in
 };
 
 }  // namespace ssq

@@ -2,6 +2,7 @@
 
 #include <QHashFunctions>
 #include <algorithm>
+#include <cmath>
 #include <functional>
 
 #include "base/text.h"
@@ -74,7 +75,7 @@ const GridFonts::Face& GridFonts::Scaled(const CellStyle& style, int percent) {
     QFont font = base_;
     if (!style.fontName.empty()) font.setFamily(QString::fromStdString(style.fontName));
     if (style.fontSize > 0) font.setPointSize(style.fontSize);
-    if (percent < 100) font.setPointSizeF(font.pointSizeF() * percent / 100);
+    if (percent < 100 || zoom_ != 1) font.setPointSizeF(font.pointSizeF() * zoom_ * percent / 100);
     font.setBold(style.bold);
     return faces_.emplace(key, Face{font, QFontMetrics(font)}).first->second;
 }
@@ -113,8 +114,37 @@ int FittedColWidth(const ResultGrid& grid, int col, GridFonts& fonts) {
         }
     }
     if (longestRow >= 0) measure(longestRow);
-    if (widest == 0) return kOfEmptyColumn;
-    return std::clamp(widest + 2 * (kCellPadding + kAir) + kLine, kSmallest, kLargest);
+    const auto zoomed = [&fonts](int pixels) {
+        return static_cast<int>(std::lround(pixels * fonts.zoom()));
+    };
+    if (widest == 0) return zoomed(kOfEmptyColumn);
+    return std::clamp(widest + 2 * (kCellPadding + kAir) + kLine, zoomed(kSmallest),
+                      zoomed(kLargest));
+}
+
+std::vector<int> FittedColWidths(const ResultGrid& grid, GridFonts& fonts) {
+    std::vector<int> widths(static_cast<std::size_t>(grid.cols()));
+    for (int col = 0; col < grid.cols(); ++col) {
+        if (grid.colWidth(col)) continue;
+        widths[static_cast<std::size_t>(col)] = FittedColWidth(grid, col, fonts);
+    }
+    for (const auto& [first, last] : grid.evenCols()) {
+        const auto begin = widths.begin() + first;
+        const auto end = widths.begin() + last + 1;
+        std::fill(begin, end, *std::max_element(begin, end));
+    }
+    return widths;
+}
+
+GridMetrics GridMetricsWith(std::vector<int> fittedWidths, GridFonts& fonts, double pixelsPerTwip) {
+    constexpr int kRowPadding = 2;  // pixels around the font of a row without a height
+    const int height = static_cast<int>(std::lround(kDefaultRowTwips * pixelsPerTwip));
+    const int fontHeight = fonts.For(CellStyle{}).metrics.height() + kRowPadding;
+    return {pixelsPerTwip, std::max(height, fontHeight), std::move(fittedWidths)};
+}
+
+GridMetrics GridMetricsFor(const ResultGrid& grid, GridFonts& fonts, double pixelsPerTwip) {
+    return GridMetricsWith(FittedColWidths(grid, fonts), fonts, pixelsPerTwip);
 }
 
 }  // namespace ssq

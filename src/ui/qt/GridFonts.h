@@ -10,6 +10,7 @@
 #include <string>
 #include <tuple>
 #include <unordered_map>
+#include <vector>
 
 #include "ui/GridGeometry.h"
 #include "ui/ResultGrid.h"
@@ -18,6 +19,8 @@ namespace ssq {
 
 // Blank pixels between a text and the left and right edge of its cell.
 inline constexpr int kCellPadding = 3;
+// The height of a row without one, unless its font needs more.
+inline constexpr int kDefaultRowTwips = 300;
 
 class GridFonts {
   public:
@@ -26,8 +29,11 @@ class GridFonts {
         QFontMetrics metrics;
     };
 
-    // `base` is the font of cells that name none.
-    explicit GridFonts(const QFont& base) : base_(base) {}
+    // `base` is the font of cells that name none; all sizes, its own included, are taken times
+    // `zoom`.
+    explicit GridFonts(const QFont& base, double zoom = 1) : base_(base), zoom_(zoom) {}
+
+    double zoom() const { return zoom_; }
 
     const Face& For(const CellStyle& style);
 
@@ -65,6 +71,7 @@ class GridFonts {
     Line MakeLine(const CellStyle& style, const std::string& text, const QSize& room);
 
     QFont base_;
+    double zoom_;
     std::map<Key, Face> faces_;
     std::unordered_map<LineKey, Line, LineHash> lines_;
 };
@@ -73,9 +80,18 @@ class GridFonts {
 QString CellText(const std::string& text);
 
 // The width in pixels, lines and padding included, that shows the header and the longest text of
-// a column, within 24 and 400 pixels; 67 (1000 twips at 96 dpi) when the column is empty. The
+// a column, within 24 and 400 pixels; 67 (1000 twips at 96 dpi) when the column is empty; these
+// bounds are for no zoom. The
 // longest text is found by counting characters, Chinese ones twice, so that only a few are
 // measured.
 int FittedColWidth(const ResultGrid& grid, int col, GridFonts& fonts);
+
+// The widths in pixels of the columns without one of their own, 0 for the others.
+std::vector<int> FittedColWidths(const ResultGrid& grid, GridFonts& fonts);
+
+// What the geometry of a grid in these fonts needs; zoom is part of `pixelsPerTwip`.
+GridMetrics GridMetricsFor(const ResultGrid& grid, GridFonts& fonts, double pixelsPerTwip);
+// The same with widths found before.
+GridMetrics GridMetricsWith(std::vector<int> fittedWidths, GridFonts& fonts, double pixelsPerTwip);
 
 }  // namespace ssq

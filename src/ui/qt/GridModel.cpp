@@ -1,5 +1,7 @@
 #include "ui/qt/GridModel.h"
 
+#include <QStringList>
+
 #include "ui/qt/PanelContext.h"
 #include "ui/qt/Qs.h"
 
@@ -33,8 +35,18 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || role != Qt::DisplayRole) return {};
-    return Qs(grid_.cell(index.row(), index.column()));
+    if (!index.isValid()) return {};
+    const QString text = Qs(grid_.cell(index.row(), index.column()));
+    if (role == Qt::DisplayRole) return text;
+    if (role != Qt::AccessibleTextRole) return {};
+    // Read aloud, a cell says where it stands: its row, its column, its text.
+    const bool body = index.row() >= grid_.fixedRows() && index.column() >= grid_.fixedCols();
+    if (!body) return text;
+    QStringList words{headerData(index.row(), Qt::Vertical).toString(),
+                      headerData(index.column(), Qt::Horizontal).toString(),
+                      text.isEmpty() ? QStringLiteral("空") : text};
+    words.removeAll(QString());
+    return words.join(u' ');
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {

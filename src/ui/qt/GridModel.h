@@ -26,6 +26,7 @@ class GridModel final : public QAbstractTableModel {
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
+    // Texts; those for assistive technology name the row and the column, too.
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     // The texts of the last fixed row and of the first fixed column.
     QVariant headerData(int section, Qt::Orientation orientation,

@@ -17,6 +17,10 @@ constexpr const char* kTick = "√";
 constexpr QRgb kPaper = qRgb(0xFF, 0xFF, 0xFF);
 constexpr QRgb kInk = qRgb(0x1E, 0x26, 0x24);
 constexpr QRgb kFreezeLine = qRgb(0x8F, 0xA3, 0x9B);
+constexpr QRgb kHitGround = qRgb(0xFF, 0xE5, 0x5C);
+constexpr QRgb kFootLine = qRgb(0x2B, 0x4A, 0x45);
+constexpr int kFootLineWidth = 2;  // pixels
+constexpr int kCrossAlpha = 48;
 constexpr int kPaleAlpha = 130;  // of texts shown faintly
 constexpr int kSelectionAlpha = 72;
 constexpr int kSelectionAlphaUnfocused = 44;
@@ -76,6 +80,21 @@ QRect GridPainter::Pane::rect() const {
     return {cols.begin, rows.begin, cols.end - cols.begin, rows.end - rows.begin};
 }
 
+GridPainter::Pane GridPainter::Pane::Inside(const QRect& area, const GridScene& scene) const {
+    const auto narrow = [](GridAxis::Strip strip, const GridAxis& axis, int scroll, int from,
+                           int to) {
+        strip.begin = std::clamp(from, strip.begin, strip.end);
+        strip.end = std::clamp(to, strip.begin, strip.end);
+        if (strip.begin >= strip.end) return GridAxis::Strip{0, -1, strip.begin, strip.begin};
+        strip.first = axis.IndexAt(strip.begin, scroll);
+        strip.last = axis.IndexAt(strip.end - 1, scroll);
+        return strip;
+    };
+    return {narrow(rows, scene.geometry.rows(), scene.scroll.y(), area.top(), area.bottom() + 1),
+            narrow(cols, scene.geometry.cols(), scene.scroll.x(), area.left(), area.right() + 1),
+            fixed};
+}
+
 void GridPainter::Paint(const QRect& area) {
     painter_.setRenderHint(QPainter::Antialiasing, false);
     painter_.fillRect(area, QColor(kPaper));
@@ -83,13 +102,16 @@ void GridPainter::Paint(const QRect& area) {
     const auto colStrips = scene_.geometry.cols().Strips(scene_.scroll.x(), scene_.view.width());
     for (std::size_t down = 0; down < rowStrips.size(); ++down) {
         for (std::size_t across = 0; across < colStrips.size(); ++across) {
-            PaintPane({rowStrips[down], colStrips[across], down == 0 || across == 0}, area);
+            const Pane pane{rowStrips[down], colStrips[across], down == 0 || across == 0};
+            PaintPane(pane.Inside(area, scene_), area);
         }
     }
     painter_.setClipRect(area);
     PaintMerges(area);
     PaintFreezeLines(area);
-    PaintSelection(area);
+    PaintFootLine(area);
+    PaintSortMark(area);
+    if (scene_.showsSelection) PaintSelection(area);
 }
 
 void GridPainter::PaintPane(const Pane& pane, const QRect& area) {
@@ -97,6 +119,7 @@ void GridPainter::PaintPane(const Pane& pane, const QRect& area) {
     if (clip.isEmpty()) return;
     painter_.setClipRect(clip);
     PaintBacks(pane);
+    PaintCross(clip);
     PaintLines(pane);
     PaintTexts(pane);
 }
@@ -107,13 +130,24 @@ void GridPainter::PaintBacks(const Pane& pane) {
     painter_.fillRect(pane.rect(), ground);
     for (int row = pane.rows.first; row <= pane.rows.last; ++row) {
         for (int col = pane.cols.first; col <= pane.cols.last; ++col) {
-            const auto& cellBack = scene_.grid.style(row, col).back;
-            if (!cellBack) continue;
+            const auto own = OwnGround(row, col);
+            if (!own) continue;
             const PixelRect rect =
                 scene_.geometry.CellRect(row, col, scene_.scroll.x(), scene_.scroll.y());
-            painter_.fillRect(Rect(rect), Colour(*cellBack));
+            painter_.fillRect(Rect(rect), *own);
         }
     }
+}
+
+bool GridPainter::IsHit(int row, int col) const {
+    return !scene_.hits.empty() && std::ranges::binary_search(scene_.hits, CellPlace{row, col});
+}
+
+// The ground of a cell that has another than the grid.
+std::optional<QColor> GridPainter::OwnGround(int row, int col) const {
+    if (IsHit(row, col)) return QColor(kHitGround);
+    const auto& back = scene_.grid.style(row, col).back;
+    return back ? std::optional(Colour(*back)) : std::nullopt;
 }
 
 void GridPainter::PaintLines(const Pane& pane) {
@@ -171,7 +205,7 @@ void GridPainter::PaintText(int row, int col, const QRect& rect) {
     if (alignment == Qt::AlignHCenter) x = room.left() + (room.width() - line.width) / 2;
     if (alignment == Qt::AlignRight) x = room.right() + 1 - line.width - padding;
 
-    if (style.mark) PaintMark(rect, line.width, Colour(*style.mark));
+    if (style.mark && !IsHit(row, col)) PaintMark(rect, line.width, Colour(*style.mark));
     painter_.setPen(Ink(row, col));
     painter_.setFont(line.face->font);
     painter_.drawText(QPoint(x, Baseline(style, line, room)), line.text);
@@ -180,6 +214,7 @@ void GridPainter::PaintText(int row, int col, const QRect& rect) {
 QColor GridPainter::Ink(int row, int col) const {
     const ResultGrid& grid = scene_.grid;
     const CellStyle& style = grid.style(row, col);
+    if (IsHit(row, col)) return QColor(kInk);
     if (style.fore) return Colour(*style.fore);
     const bool fixed = row < grid.fixedRows() || col < grid.fixedCols();
     auto ground = style.mark ? style.mark : style.back;
@@ -226,9 +261,8 @@ void GridPainter::PaintMerges(const QRect& area) {
             Rect(scene_.geometry.VisibleRect(merge, scene_.scroll.x(), scene_.scroll.y(),
                                              scene_.view.width(), scene_.view.height()));
         if (rect.isEmpty() || !rect.intersects(area)) continue;
-        const auto& back = scene_.grid.style(merge.top, merge.left).back;
         painter_.setClipRect(rect & area);
-        painter_.fillRect(rect, back ? Colour(*back) : Colour(kFixedBack));
+        painter_.fillRect(rect, OwnGround(merge.top, merge.left).value_or(Colour(kFixedBack)));
         painter_.setPen(Hairline(Colour(kFixedLine)));
         DrawRightLine(rect.right() + 1, rect.top(), rect.bottom());
         DrawBottomLine(rect.bottom() + 1, rect.left(), rect.right());
@@ -248,6 +282,66 @@ void GridPainter::PaintFreezeLines(const QRect& area) {
     if (cols.fixedExtent() > 0) DrawRightLine(cols.fixedExtent(), 0, bottom - 1);
 }
 
+// Above the recommendation and what sums up, where the draws end.
+void GridPainter::PaintFootLine(const QRect& area) {
+    const GridAxis& rows = scene_.geometry.rows();
+    const int foot = scene_.grid.footRow.value_or(rows.count());
+    if (foot <= rows.fixed() || foot >= rows.count()) return;
+    const int y = rows.Begin(foot, scene_.scroll.y());
+    if (y < rows.fixedExtent() || y > scene_.view.height()) return;
+    const int right =
+        std::min(scene_.geometry.cols().extent() - scene_.scroll.x(), scene_.view.width());
+    const QColor colour = scene_.grid.gridBack ? QColor(Qt::white) : QColor(kFootLine);
+    painter_.fillRect(QRect(0, y - kFootLineWidth, right, kFootLineWidth) & area, colour);
+}
+
+// The row and the column under the pointer, so that the eye finds the headings of a cell. Beneath
+// the texts, which stay clear.
+void GridPainter::PaintCross(const QRect& area) {
+    if (scene_.cross.row < 0) return;
+    const GridAxis& rows = scene_.geometry.rows();
+    const GridAxis& cols = scene_.geometry.cols();
+    const auto visible = [&](const CellRange& cells) {
+        return Rect(scene_.geometry.VisibleRect(cells, scene_.scroll.x(), scene_.scroll.y(),
+                                                scene_.view.width(), scene_.view.height()));
+    };
+    QColor onFixed = scene_.highlight;
+    onFixed.setAlpha(kCrossAlpha);
+    QColor onBody = scene_.grid.gridBack ? QColor(Qt::white) : scene_.highlight;
+    onBody.setAlpha(kCrossAlpha);
+    const QRect row = visible({scene_.cross.row, 0, scene_.cross.row, cols.count() - 1});
+    const QRect col = visible({0, scene_.cross.col, rows.count() - 1, scene_.cross.col});
+    const QRect body(cols.fixedExtent(), rows.fixedExtent(), scene_.view.width(),
+                     scene_.view.height());
+    for (const QRect& strip : {row, col}) {
+        painter_.fillRect(strip & body & area, onBody);
+    }
+    painter_.fillRect(row & QRect(0, 0, cols.fixedExtent(), scene_.view.height()) & area, onFixed);
+    painter_.fillRect(col & QRect(0, 0, scene_.view.width(), rows.fixedExtent()) & area, onFixed);
+}
+
+// A small triangle at the heading's upper edge, where no text is.
+void GridPainter::PaintSortMark(const QRect& area) {
+    if (scene_.sortedCol < 0 || scene_.grid.fixedRows() == 0) return;
+    const int heading = scene_.grid.fixedRows() - 1;
+    const QRect cell = Rect(scene_.geometry.VisibleRect(
+        scene_.geometry.MergedAround(heading, scene_.sortedCol), scene_.scroll.x(),
+        scene_.scroll.y(), scene_.view.width(), scene_.view.height()));
+    if (cell.isEmpty() || !cell.intersects(area)) return;
+    constexpr double kHalf = 4;
+    constexpr double kHeight = 4;
+    const double x = QRectF(cell).center().x();
+    const double base = cell.top() + (scene_.descending ? 0.0 : kHeight);
+    const double tip = cell.top() + (scene_.descending ? kHeight : 0.0);
+    const std::array<QPointF, 3> corners{QPointF(x - kHalf, base), QPointF(x + kHalf, base),
+                                         QPointF(x, tip)};
+    painter_.setRenderHint(QPainter::Antialiasing, true);
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(QColor(kFootLine));
+    painter_.drawPolygon(corners.data(), static_cast<int>(corners.size()));
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+}
+
 void GridPainter::PaintSelection(const QRect& area) {
     const CellRange range = SelectedRange(scene_.grid);
     if (range.bottom < range.top) return;
@@ -258,7 +352,7 @@ void GridPainter::PaintSelection(const QRect& area) {
     QColor shade = scene_.highlight;
     shade.setAlpha(scene_.focused ? kSelectionAlpha : kSelectionAlphaUnfocused);
     const QRect rect = visible(range);
-    if (rect.isEmpty()) return;
+    if (rect.isEmpty() || !rect.intersects(area)) return;
     painter_.fillRect(rect & area, shade);
     PaintFrame(rect);
 

@@ -5,8 +5,10 @@
 #include <QPoint>
 #include <QRect>
 #include <QSize>
+#include <span>
 
 #include "ui/GridGeometry.h"
+#include "ui/GridOrder.h"
 #include "ui/ResultGrid.h"
 #include "ui/qt/GridFonts.h"
 
@@ -19,8 +21,13 @@ struct GridScene {
     const GridGeometry& geometry;
     QPoint scroll;
     QSize view;
+    QColor highlight = {};
+    bool showsSelection = true;
     bool focused = false;
-    QColor highlight;
+    std::span<const CellPlace> hits = {};  // ascending; shown on a ground of their own
+    CellPlace cross{-1, -1};               // its row and column are shaded; -1 for none
+    int sortedCol = -1;                    // marked in its heading
+    bool descending = false;
 };
 
 class GridPainter {
@@ -38,6 +45,8 @@ class GridPainter {
         bool fixed = false;
 
         QRect rect() const;
+        // The part of it that an area touches.
+        Pane Inside(const QRect& area, const GridScene& scene) const;
     };
 
     void PaintPane(const Pane& pane, const QRect& area);
@@ -46,6 +55,9 @@ class GridPainter {
     void PaintLines(const Pane& pane);
     void PaintMerges(const QRect& area);
     void PaintFreezeLines(const QRect& area);
+    void PaintFootLine(const QRect& area);
+    void PaintCross(const QRect& area);
+    void PaintSortMark(const QRect& area);
     void PaintSelection(const QRect& area);
     void PaintText(int row, int col, const QRect& rect);
     void PaintMark(const QRect& cell, int textWidth, const QColor& colour);
@@ -54,6 +66,8 @@ class GridPainter {
     void PaintTick(const QRect& cell, const QColor& colour);
     void PaintFrame(const QRect& rect);
     QColor Ink(int row, int col) const;
+    bool IsHit(int row, int col) const;
+    std::optional<QColor> OwnGround(int row, int col) const;
 
     const GridScene& scene_;
     GridFonts& fonts_;

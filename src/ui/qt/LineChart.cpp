@@ -1,11 +1,16 @@
 #include "ui/qt/LineChart.h"
 
 #include <QChart>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QLineSeries>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QScrollBar>
 #include <QToolTip>
 #include <QValueAxis>
+#include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
 
@@ -27,8 +32,9 @@ constexpr double kTitlePlace = 0.45;  // of the way from the upper edge to the p
 // All in pixels.
 const QMarginsF kPlotMargins(52, 58, 24, 42);  // room for the scale, the title and the labels
 constexpr double kMarkerRadius = 3.5;
-constexpr double kLeastMarkerRoom = 8;  // between points; closer ones go without markers
-constexpr double kGap = 6;              // between neighbouring texts
+constexpr double kLeastRoom = 12;  // of a point along the axis
+constexpr double kPointedRadius = 6;
+constexpr double kGap = 6;  // between neighbouring texts
 
 // Draws texts in order of their weight; one that would overlap an earlier one is left out.
 class TextRoom {
@@ -54,9 +60,9 @@ class TextRoom {
     std::vector<QRectF> taken_;
 };
 
-void DrawMarker(QPainter& painter, const QPointF& centre) {
+void DrawMarker(QPainter& painter, const QPointF& centre, double radius) {
     QPainterPath circle;
-    circle.addEllipse(centre, kMarkerRadius, kMarkerRadius);
+    circle.addEllipse(centre, radius, radius);
     painter.fillPath(circle, kLine);
 }
 
@@ -66,7 +72,8 @@ LineChart::LineChart(QWidget* parent)
     : QChartView(parent),
       line_(new QLineSeries),
       labelAxis_(new QValueAxis),
-      valueAxis_(new QValueAxis) {
+      valueAxis_(new QValueAxis),
+      bar_(new QScrollBar(Qt::Horizontal, this)) {
     QChart& picture = *chart();
     picture.legend()->hide();
     picture.addSeries(line_);
@@ -82,7 +89,12 @@ LineChart::LineChart(QWidget* parent)
     picture.setBackgroundVisible(false);
     setBackgroundBrush(Qt::white);
     setRenderHint(QPainter::Antialiasing);
-    connect(line_, &QLineSeries::hovered, this, &LineChart::ShowTip);
+    line_->setPen(QPen(kLine, 2));
+    viewport()->setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setFrameShape(NoFrame);
+    connect(bar_, &QScrollBar::valueChanged, this, &LineChart::ShowPart);
+    bar_->hide();
 }
 
 void LineChart::Show(const LineChartData& data) {
@@ -93,12 +105,13 @@ void LineChart::Show(const LineChartData& data) {
     }
     line_->replace(points);
     line_->setName(Qs(data.series));
-    labelAxis_->setRange(-0.5, std::max(static_cast<double>(points.size()), 1.0) - 0.5);
     valueAxis_->setRange(data.min, data.max);
     valueAxis_->setTickCount(data.division + 1);
     setAccessibleName(Qs(data.title));
-    FitLine();
-    viewport()->update();
+    pointed_.reset();
+    Fit();
+    bar_->setValue(bar_->maximum());
+    ShowPart();
 }
 
 QPointF LineChart::PlaceOf(std::size_t point) const {
@@ -106,18 +119,46 @@ QPointF LineChart::PlaceOf(std::size_t point) const {
 }
 
 void LineChart::resizeEvent(QResizeEvent* event) {
+    const bool atEnd = bar_->value() == bar_->maximum();
     QChartView::resizeEvent(event);
-    chart()->setPlotArea(QRectF(QPointF(), viewport()->size()).marginsRemoved(kPlotMargins));
-    FitLine();
+    Fit();
+    if (atEnd) bar_->setValue(bar_->maximum());
+    ShowPart();
 }
 
-bool LineChart::IsCrowded() const {
-    return chart()->plotArea().width() <
-           kLeastMarkerRoom * static_cast<double>(data_.values.size());
+// How many points have their room beside each other.
+int LineChart::Fitting() const {
+    const double width = viewport()->width() - kPlotMargins.left() - kPlotMargins.right();
+    return std::max(1, static_cast<int>(width / kLeastRoom));
 }
 
-void LineChart::FitLine() {
-    line_->setPen(QPen(kLine, IsCrowded() ? 1 : 2));
+void LineChart::Fit() {
+    const int count = static_cast<int>(data_.values.size());
+    bar_->setRange(0, std::max(0, count - Fitting()));
+    bar_->setPageStep(Fitting());
+    bar_->setVisible(bar_->maximum() > 0);
+    PlacePicture();
+}
+
+void LineChart::PlacePicture() {
+    // The bar's room stays free without it: the axes would not follow a plot that moves alone.
+    const int barHeight = bar_->sizeHint().height();
+    bar_->setGeometry(0, height() - barHeight, width(), barHeight);
+    QMarginsF margins = kPlotMargins;
+    margins.setBottom(margins.bottom() + barHeight);
+    chart()->setPlotArea(QRectF(QPointF(), viewport()->size()).marginsRemoved(margins));
+}
+
+void LineChart::ShowPart() {
+    const int count = std::max(1, static_cast<int>(data_.values.size()));
+    const int first = bar_->value();
+    labelAxis_->setRange(first - 0.5, first + std::min(count, Fitting()) - 0.5);
+    viewport()->update();
+}
+
+bool LineChart::IsSeen(std::size_t point) const {
+    const auto place = static_cast<double>(point);
+    return place > labelAxis_->min() && place < labelAxis_->max();
 }
 
 void LineChart::drawForeground(QPainter* painter, const QRectF&) {
@@ -151,7 +192,7 @@ void LineChart::DrawLabels(QPainter& painter) const {
     TextRoom room(painter);
     for (const bool numbers : {false, true}) {
         for (std::size_t point = 0; point < count; ++point) {
-            if (IsNumeric(data_.labels[point]) != numbers) continue;
+            if (!IsSeen(point) || IsNumeric(data_.labels[point]) != numbers) continue;
             room.Draw({PlaceOf(point).x(), y}, Qs(data_.labels[point]));
         }
     }
@@ -163,8 +204,9 @@ void LineChart::DrawPoints(QPainter& painter) const {
     std::vector<std::size_t> order;
     for (std::size_t point = 0; point < data_.values.size(); ++point) {
         if (data_.values[point] < data_.min || data_.values[point] > data_.max) continue;
+        if (!IsSeen(point)) continue;
         order.push_back(point);
-        if (!IsCrowded()) DrawMarker(painter, PlaceOf(point));
+        DrawMarker(painter, PlaceOf(point), point == pointed_ ? kPointedRadius : kMarkerRadius);
     }
     std::stable_sort(order.begin(), order.end(), [this](std::size_t left, std::size_t right) {
         return data_.values[left] > data_.values[right];
@@ -175,12 +217,67 @@ void LineChart::DrawPoints(QPainter& painter) const {
     }
 }
 
-void LineChart::ShowTip(const QPointF& place, bool entered) {
+void LineChart::mouseMoveEvent(QMouseEvent* event) {
+    QChartView::mouseMoveEvent(event);
+    const QPointF place = chart()->mapToValue(event->position(), line_);
     const double nearest = std::round(place.x());
-    if (!entered || nearest < 0 || nearest >= static_cast<double>(data_.values.size())) return;
-    const auto point = static_cast<std::size_t>(nearest);
-    const std::string label = point < data_.labels.size() ? data_.labels[point] : "";
-    QToolTip::showText(QCursor::pos(), Qs(label + ": " + NumberText(data_.values[point])), this);
+    const bool inside = chart()->plotArea().adjusted(0, 0, 1, 1).contains(event->position());
+    if (!inside || nearest < 0 || nearest >= static_cast<double>(data_.values.size())) {
+        return Point(std::nullopt, {});
+    }
+    Point(static_cast<std::size_t>(nearest), event->globalPosition().toPoint());
+}
+
+bool LineChart::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::Leave) Point(std::nullopt, {});
+    return QChartView::viewportEvent(event);
+}
+
+// The point under the pointer, or none.
+void LineChart::Point(const std::optional<std::size_t>& point, const QPoint& place) {
+    if (point != pointed_) viewport()->update();
+    pointed_ = point;
+    if (!point) return QToolTip::hideText();
+    const std::string label = *point < data_.labels.size() ? data_.labels[*point] : "";
+    QToolTip::showText(place, Qs(label + ": " + NumberText(data_.values[*point])), viewport());
+}
+
+void LineChart::wheelEvent(QWheelEvent* event) {
+    event->accept();
+    const QPoint turn = event->angleDelta();
+    constexpr int kTurnPerPoint = 40;  // a notch of a wheel turns by 120
+    bar_->setValue(bar_->value() - (turn.x() != 0 ? turn.x() : turn.y()) / kTurnPerPoint);
+}
+
+void LineChart::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy) && onCopy) return onCopy();
+    const int page = bar_->pageStep();
+    switch (event->key()) {
+        case Qt::Key_Left:
+            return bar_->setValue(bar_->value() - 1);
+        case Qt::Key_Right:
+            return bar_->setValue(bar_->value() + 1);
+        case Qt::Key_PageUp:
+            return bar_->setValue(bar_->value() - page);
+        case Qt::Key_PageDown:
+            return bar_->setValue(bar_->value() + page);
+        case Qt::Key_Home:
+            return bar_->setValue(0);
+        case Qt::Key_End:
+            return bar_->setValue(bar_->maximum());
+        default:
+            event->ignore();
+    }
+}
+
+void LineChart::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    if (onPopup) onPopup(event->globalPos());
+}
+
+QImage LineChart::Picture() {
+    const int bar = bar_->isHidden() ? 0 : bar_->height();
+    return grab(QRect(0, 0, width(), height() - bar)).toImage();
 }
 
 }  // namespace ssq

@@ -2,10 +2,14 @@
 #pragma once
 
 #include <QChartView>
+#include <QImage>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 class QLineSeries;
+class QScrollBar;
 class QValueAxis;
 
 namespace ssq {
@@ -20,6 +24,8 @@ struct LineChartData {
     std::string series;
 };
 
+// A point has at least 12 pixels; where all of them together do not fit, the chart scrolls, and
+// stands at the newest, the last. Under the pointer the nearest point tells its label and value.
 class LineChart final : public QChartView {
     Q_OBJECT
 
@@ -29,23 +35,40 @@ class LineChart final : public QChartView {
     void Show(const LineChartData& data);
     const LineChartData& data() const { return data_; }
 
+    // What is seen, without the scroll bar.
+    QImage Picture();
+
+    std::function<void()> onCopy;  // Ctrl+C
+    // The right button or the menu key: a popup may rise at this place of the screen.
+    std::function<void(const QPoint& place)> onPopup;
+
   protected:
     void resizeEvent(QResizeEvent* event) override;
     void drawForeground(QPainter* painter, const QRectF& rect) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
     QPointF PlaceOf(std::size_t point) const;
-    bool IsCrowded() const;
-    void FitLine();
+    int Fitting() const;
+    bool IsSeen(std::size_t point) const;
+    void Fit();
+    void ShowPart();
+    void PlacePicture();
     void DrawScale(QPainter& painter) const;
     void DrawLabels(QPainter& painter) const;
     void DrawPoints(QPainter& painter) const;
-    void ShowTip(const QPointF& place, bool entered);
+    void Point(const std::optional<std::size_t>& point, const QPoint& place);
 
     LineChartData data_;
     QLineSeries* line_;
     QValueAxis* labelAxis_;
     QValueAxis* valueAxis_;
+    QScrollBar* bar_;  // its value is the first point seen
+    std::optional<std::size_t> pointed_;
 };
 
 }  // namespace ssq

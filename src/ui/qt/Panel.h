@@ -80,7 +80,7 @@ class Panel : public QWidget {
     void SetMainButton(QPushButton* button);
     // Takes the main button's place while the focus is in `inputs`, a control or a group.
     void SetMainButtonOf(QWidget* inputs, QPushButton* button);
-    bool hasMainButton() const { return mainButton_ != nullptr; }
+    QPushButton* mainButton() const { return mainButton_; }
 
     // Esc and Ctrl+W close the panel.
     void keyPressEvent(QKeyEvent* event) override;

@@ -19,6 +19,8 @@ struct PanelContext {
     Desktop& desktop;
     // Puts conditions of a number filter behind those of the plan; empty in a window of its own.
     std::function<void(const std::string& conditions)> addToPlan = {};
+    // Shows how an update goes in the main window's status line; empty in a window of its own.
+    std::function<void(const std::string& text)> tellStatus = {};
     // The plan as it stands in the open number filter; empty without one.
     std::function<std::string()> standingPlan = {};
     // Brings up the blind test with these settings.

@@ -51,7 +51,7 @@ QPushButton* RangePanel::AddRunButton(const RunButton& button, std::function<boo
             return succeeded;
         });
     });
-    if (!hasMainButton()) SetMainButton(control);
+    if (!mainButton()) SetMainButton(control);
     return control;
 }
 
@@ -63,7 +63,11 @@ ProgressStrip* RangePanel::AddProgress(const char* busyText) {
 
 GridView* RangePanel::AddResults(const char* groupName, const char* caption) {
     resultsGroup_ = AddGroup(column_, groupName, QString::fromUtf8(caption));
-    vs1_ = AddGrid(resultsGroup_, "vs1");
+    vs1_ = AddGrid(context(), resultsGroup_, "vs1");
+    if (QPushButton* button = mainButton()) {
+        vs1_->SetEmptyHint(QStringLiteral("还没有结果。"), QStringLiteral("点此") + button->text(),
+                           [button] { button->click(); });
+    }
     return vs1_;
 }
 

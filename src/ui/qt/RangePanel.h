@@ -55,7 +55,8 @@ class RangePanel : public Panel {
     // The strip that a run shows from its first progress on; to be added before the button.
     ProgressStrip* AddProgress(const char* busyText);
 
-    // The group around the grid vs1, at the end of the column.
+    // The group around the grid vs1, at the end of the column; to be added behind the main button,
+    // which the empty grid's link presses.
     GridView* AddResults(const char* groupName, const char* caption);
     GridView& results() const { return *vs1_; }
     // The chance remark under the grid: Show fills it from the report. `blindTest` gives the

@@ -2,9 +2,12 @@
 
 #include <QBoxLayout>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QEvent>
 #include <QGroupBox>
+#include <QGuiApplication>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -16,8 +19,11 @@
 #include "ui/qt/Desktop.h"
 #include "ui/qt/ElidedGroup.h"
 #include "ui/qt/GridExport.h"
+#include "ui/qt/GridStrip.h"
 #include "ui/qt/GridView.h"
 #include "ui/qt/IssueCombo.h"
+#include "ui/qt/LineChart.h"
+#include "ui/qt/WrappingRow.h"
 
 namespace ssq {
 
@@ -67,7 +73,7 @@ QGroupBox* AddGroup(QBoxLayout* layout, const char* name, const QString& caption
 }
 
 QHBoxLayout* AddRow(QBoxLayout* layout) {
-    auto* row = new QHBoxLayout;
+    auto* row = new WrappingRow;
     row->addStretch();
     layout->addLayout(row);
     return row;
@@ -170,18 +176,41 @@ void SetPopup(const PanelContext& context, GridView& view, const char* name, con
     };
 }
 
-GridView* AddGrid(QBoxLayout* layout, const char* name) {
+GridView* AddGrid(const PanelContext& context, QBoxLayout* layout, const char* name) {
     auto* view = Named(new GridView, name);
-    view->onCopy = [view] { CopySelection(*view); };
-    layout->addWidget(view, 1);
+    auto* column = new QVBoxLayout;
+    column->setSpacing(0);
+    column->addWidget(view, 1);
+    column->addWidget(new GridStrip(context, *view));
+    layout->addLayout(column, 1);
+    SetPopup(context, *view, "grid_popup", "表格",
+             {{"grid_copy", "复制选中的号码", [view] { CopySelection(*view); }},
+              {"grid_copyTable", "带标题复制", [view] { CopyTable(*view); }}});
     return view;
 }
 
-GridView* AddGrid(QGroupBox* group, const char* name) {
+GridView* AddGrid(const PanelContext& context, QGroupBox* group, const char* name) {
     if (auto* column = qobject_cast<QBoxLayout*>(group->parentWidget()->layout())) {
         column->setStretchFactor(group, 1);
     }
-    return AddGrid(static_cast<QBoxLayout*>(group->layout()), name);
+    return AddGrid(context, static_cast<QBoxLayout*>(group->layout()), name);
+}
+
+LineChart* AddLineChart(const PanelContext& context, QBoxLayout* layout, const char* name) {
+    auto* chart = Named(new LineChart, name);
+    layout->addWidget(chart, 1);
+    chart->onCopy = [chart] { QGuiApplication::clipboard()->setImage(chart->Picture()); };
+    chart->onPopup = [context, chart](const QPoint& place) {
+        QMenu menu;
+        menu.setObjectName(QStringLiteral("chart_popup"));
+        AddEntry(menu, "chart_copy", QStringLiteral("复制图片\tCtrl+C"), chart->onCopy);
+        AddEntry(menu, "chart_png", QStringLiteral("保存为图片…"), [context, chart] {
+            SavePicture(context, chart->window()->windowTitle().trimmed(),
+                        [chart] { return chart->Picture(); });
+        });
+        context.desktop.RaisePopup(menu, place);
+    };
+    return chart;
 }
 
 }  // namespace ssq

@@ -24,11 +24,13 @@ namespace ssq {
 
 class GridView;
 class IssueCombo;
+class LineChart;
 
 // A titled group at the end of `layout`, filled from top to bottom.
 QGroupBox* AddGroup(QBoxLayout* layout, const char* name, const QString& caption);
 
-// A row of controls at the end of a group or column; what is added stands at the left.
+// A row of controls at the end of a group or column; what is added stands at the left, and goes on
+// in the next line of a narrow window.
 QHBoxLayout* AddRow(QBoxLayout* layout);
 QHBoxLayout* AddRow(QGroupBox* group);
 
@@ -64,8 +66,13 @@ struct PopupEntry {
 void SetPopup(const PanelContext& context, GridView& view, const char* name, const char* caption,
               std::vector<PopupEntry> entries, std::function<bool()> isReady = {});
 
-// A grid that takes all the room there is; Ctrl+C copies its selection.
-GridView* AddGrid(QBoxLayout* layout, const char* name);
-GridView* AddGrid(QGroupBox* group, const char* name);
+// A grid that takes all the room there is, with its strip. Until it is given another, its popup
+// copies the selection.
+GridView* AddGrid(const PanelContext& context, QBoxLayout* layout, const char* name);
+GridView* AddGrid(const PanelContext& context, QGroupBox* group, const char* name);
+
+// A line chart that takes all the room there is. Ctrl+C copies its picture; its popup does, too,
+// and saves it.
+LineChart* AddLineChart(const PanelContext& context, QBoxLayout* layout, const char* name);
 
 }  // namespace ssq

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QImage>
 
 #include "base/text.h"
 #include "draws/Public_var.h"
@@ -46,6 +47,38 @@ TEST(SaveGridAsExcel, AsksBeforeItReplacesAndTellsTheOutcomeWithThePath) {
     EXPECT_EQ(files.entryList(QDir::Files),
               (QStringList{QStringLiteral("旧.xls"), QStringLiteral("遗漏.xls.xls")}));
     EXPECT_EQ(QFile(files.filePath(QStringLiteral("旧.xls"))).size(), 3);
+}
+
+TEST(SaveGrid, WritesTablesPicturesAndPages) {
+    const TempFolder folder;
+    const QDir files(Qs(folder.path().string()));
+    TestHost host;
+    Session session{host, folder.path()};
+    session.LatestIssue = "2026114";
+    ScriptDesktop desktop;
+    GridView view;
+    view.setWindowTitle(QStringLiteral(" 甲|乙"));
+    EXPECT_EQ(ProposedName({session, desktop}, QStringLiteral("甲|乙")).toStdString(),
+              "甲_乙_2026114");
+    ResultGrid grid(400, 3, 1, 1);
+    grid.SetAllRowHeights(300);
+    grid.SetColWidths(0, 2, 1500);
+    grid.SetCell(399, 2, "最后");
+    view.SetGrid(std::move(grid));
+    const auto save = [&](const char* name, auto action) {
+        desktop.AnswerFileDialog(files.filePath(QString::fromUtf8(name)));
+        action(PanelContext{session, desktop}, view);
+        EXPECT_EQ(desktop.TakeMessages().at(0).value("text", ""), "保存成功！");
+        QFile file(files.filePath(QString::fromUtf8(name)));
+        if (!file.exists()) file.setFileName(file.fileName() + QStringLiteral(".csv"));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        return file.readAll();
+    };
+    EXPECT_TRUE(save("a", SaveGridAsCsv).endsWith(",,最后\r\n"));
+    EXPECT_EQ(QImage::fromData(save("a.png", SaveGridAsPicture)).size(), QSize(300, 8000));
+    const QByteArray pages = save("a.pdf", SaveGridAsPdf);
+    // 7980 pixels of rows below a heading of 20; a page of A4 has room for 1024 of both.
+    EXPECT_EQ(pages.count("/Type /Page\n"), 8);
 }
 
 }  // namespace

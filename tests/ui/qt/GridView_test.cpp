@@ -7,8 +7,10 @@
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QImage>
+#include <QLabel>
 #include <QScrollBar>
 #include <QTest>
+#include <QWheelEvent>
 
 #include "ui/qt/GridExport.h"
 
@@ -243,11 +245,88 @@ TEST_F(GridViewTest, PaintsColoursMarksLinesAndMerges) {
     EXPECT_NE(Ground(0, 6), kRed);
 }
 
+// Whatever stands on screen, what is told and copied are the rows of the grid as it was given.
+TEST_F(GridViewTest, HeadingsSortTheViewAlone) {
+    ResultGrid given = BigGrid();
+    for (int row = 2; row < 200; ++row) given.SetCell(row, 4, std::to_string(500 - row));
+    given.footRow = 198;
+    view_.SetGrid(given);
+    std::vector<int> doubled;
+    view_.onDoubleClick = [&](int row, int) { doubled.push_back(row); };
+    Click(0, 4);  // not the lowest heading
+    EXPECT_EQ(view_.sortedCol(), std::nullopt);
+    Click(1, 4);
+    EXPECT_EQ(view_.sortedCol(), 4);
+    EXPECT_EQ(view_.shown().cell(2, 4), "303");
+    EXPECT_EQ(view_.IndexOf(198, 0).row(), 198);
+    EXPECT_EQ(view_.grid().cell(2, 4), "498");
+    Drag(Centre(2, 5), Centre(4, 6));
+    EXPECT_EQ(view_.SelectedRows(), (Numbers{195, 196, 197}));
+    EXPECT_EQ(Selection(), (Numbers{197, 5, 195, 6}));
+    CopySelection(view_);
+    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
+              "195.5,195.6\r196.5,196.6\r197.5,197.6");
+    QTest::mouseDClick(view_.viewport(), Qt::LeftButton, {}, Centre(5, 5));
+    view_.Edit([](ResultGrid& grid) { grid.SetCell(100, 4, "1"); });
+    EXPECT_EQ(view_.IndexOf(100, 4).row(), 2);
+    Click(1, 4);
+    EXPECT_EQ(view_.IndexOf(2, 4).row(), 2);
+    Click(1, 4);
+    EXPECT_EQ(view_.sortedCol(), std::nullopt);
+    EXPECT_EQ(view_.shown().cell(100, 4), "1");
+    EXPECT_EQ(doubled, Numbers{194});
+    view_.onPress = [](int, int, Qt::MouseButton) {};
+    Click(1, 4);  // the panel's matter
+    EXPECT_EQ(view_.sortedCol(), std::nullopt);
+}
+
+TEST_F(GridViewTest, FindsZoomsAndHasKeysForPresses) {
+    EXPECT_EQ(view_.Find(QStringLiteral("9.39")), 20);
+    EXPECT_EQ(view_.GoToHit(true), 1);
+    EXPECT_EQ(Selection(), (Numbers{9, 39, 9, 39}));
+    EXPECT_TRUE(view_.viewport()->rect().contains(CellRect(9, 39)));
+    EXPECT_EQ(view_.GoToHit(false), 20);
+    EXPECT_EQ(view_.GoToHit(true), 1);
+    EXPECT_EQ(view_.Find({}), 0);
+    EXPECT_EQ(view_.GoToHit(true), 0);
+
+    for (int step = 0; step < 9; ++step) QTest::keyClick(&view_, Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_EQ(view_.zoom(), 200);
+    EXPECT_EQ(CellRect(1, 1), QRect(80, 40, 80, 40));
+    QWheelEvent wheel(QPointF(9, 9), QPointF(9, 9), {}, {0, -120}, Qt::NoButton,
+                      Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(view_.viewport(), &wheel);
+    EXPECT_EQ(view_.zoom(), 175);
+    QTest::keyClick(&view_, Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(CellRect(1, 1), QRect(40, 20, 40, 20));
+
+    std::vector<Numbers> presses;
+    view_.onPress = [&](int row, int col, Qt::MouseButton) { presses.push_back({row, col}); };
+    view_.onDoubleClick = [&](int row, int col) { presses.push_back({row, col, 2}); };
+    QTest::keyClick(&view_, Qt::Key_Space);
+    QTest::keyClick(&view_, Qt::Key_Return);
+    EXPECT_EQ(presses, (std::vector<Numbers>{{9, 39}, {9, 39, 2}}));
+}
+
+TEST_F(GridViewTest, AnEmptyGridOffersItsStep) {
+    int steps = 0;
+    view_.setObjectName(QStringLiteral("vs1"));
+    view_.SetEmptyHint(QStringLiteral("还没有结果。"), QStringLiteral("点此分析"),
+                       [&] { ++steps; });
+    auto* hint = view_.findChild<QLabel*>(QStringLiteral("vs1_empty"));
+    ASSERT_TRUE(hint);
+    EXPECT_FALSE(hint->isVisible());
+    view_.SetGrid(ResultGrid(2, 3, 2, 0));
+    EXPECT_TRUE(hint->isVisible());
+    QTest::mouseClick(hint, Qt::LeftButton, {}, {hint->width() - 12, hint->height() / 2});
+    EXPECT_EQ(steps, 1);
+}
+
 TEST_F(GridViewTest, AssistiveTechnologySeesATable) {
     QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&view_);
     ASSERT_TRUE(table && table->tableInterface());
     QAccessibleInterface* cell = table->tableInterface()->cellAt(3, 4);
-    EXPECT_EQ(cell->text(QAccessible::Name), QStringLiteral("3.4"));
+    EXPECT_EQ(cell->text(QAccessible::Name), QStringLiteral("3.0 1.4 3.4"));
     EXPECT_EQ(cell->rect(), CellRect(3, 4).translated(view_.viewport()->mapToGlobal(QPoint(0, 0))));
     EXPECT_EQ(table->tableInterface()->columnDescription(4), QStringLiteral("1.4"));
     view_.selectionModel()->setCurrentIndex(view_.model()->index(90, 20),

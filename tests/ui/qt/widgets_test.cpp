@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <csignal>
 #include <stdexcept>
@@ -47,6 +48,48 @@ TEST(LineChart, DrawsEachPointAtItsValue) {
                             plot.bottom() - plot.height() * height);
         EXPECT_EQ(picture.pixelColor(point.toPoint()), line) << place;
     }
+}
+
+TEST(LineChart, ScrollsWherePointsAreManyAndTellsTheNearest) {
+    LineChart chart;
+    chart.resize(600, 400);
+    LineChartData data{"t", {}, {}, 0, 10, 1, "s"};
+    for (int point = 0; point < 300; ++point) {
+        data.labels.push_back(std::to_string(1000 + point));
+        data.values.push_back(point % 10);
+    }
+    chart.Show(data);
+    chart.show();
+    const QRectF plot = chart.chart()->plotArea();
+    const auto tipAt = [&](const QPointF& place) {
+        QTest::mouseMove(chart.viewport(), place.toPoint());
+        QCoreApplication::processEvents();
+        return QToolTip::text().toStdString();
+    };
+    const int seen = static_cast<int>(plot.width() / 12);
+    EXPECT_EQ(tipAt(plot.bottomRight() + QPointF(-5, -60)), "1299: 9");
+    EXPECT_EQ(tipAt(plot.topLeft() + QPointF(5, 30)),
+              std::to_string(1300 - seen) + ": " + std::to_string((300 - seen) % 10));
+    QTest::keyClick(&chart, Qt::Key_Home);
+    EXPECT_EQ(tipAt(plot.topLeft() + QPointF(5, 90)), "1000: 0");
+    EXPECT_EQ(chart.Picture().width(), 600);
+}
+
+TEST(WrappingRow, KeepsControlsApartAndLabelsWithTheirs) {
+    QWidget window;
+    auto* column = new QVBoxLayout(&window);
+    QHBoxLayout* row = AddRow(column);
+    const QWidget* first = AddTextBox(row, "first", QStringLiteral("一"));
+    const QWidget* second = AddTextBox(row, "second", QStringLiteral("二"));
+    column->addStretch();
+    window.resize(800, 200);
+    window.show();
+    EXPECT_EQ(first->y(), second->y());
+    window.resize(window.minimumSizeHint().width(), 200);
+    QApplication::processEvents();
+    EXPECT_GE(second->y(), first->geometry().bottom());
+    EXPECT_EQ(second->x(), first->x());  // each behind its label, at the begin of its line
+    EXPECT_LE(second->geometry().right(), window.width());
 }
 
 TEST(ElidedGroup, ALongCaptionDoesNotWidenTheWindow) {
