@@ -63,15 +63,18 @@ void Updates::All() {
     const PageSource site(session_, run, session_.deployment.resultsHost);
     std::vector<std::string> lines;
     std::string silentHost;
+    std::string notes;
     for (Entry& entry : entries_) {
         const std::string& host = session_.deployment.*entry.host;
         if (!silentHost.empty() && host == silentHost) continue;
-        const UpdateResult& result = RunOne(entry);
+        UpdateResult result = RunOne(entry);
         if (session_.host.stopping()) return;
         if (result.end == UpdateEnd::kNoPage) silentHost = host;
+        // What is to be known of the source is the same for all three.
+        if (!result.notes.empty()) notes = std::exchange(result.notes, {});
         lines.push_back(entry.name + ("：" + StatusText(result)));
     }
-    const std::string sum = Join(lines, "；");
+    const std::string sum = Join(lines, "；") + (notes.empty() ? "" : "（" + notes + "）");
     window_.showStatus(sum);
     session_.host.ShowMessage(sum + "。");
 }

@@ -131,6 +131,7 @@ void BandChart::Draw() {
     setBackgroundBrush(look.ground);
     picture.legend()->setLabelColor(look.text);
     picture.legend()->setFont(font());
+    picture.legend()->setVisible(!data_.labels.empty());
     for (QValueAxis* axis : {drawAxis_, valueAxis_}) {
         axis->setLabelsFont(font());
         axis->setLabelsColor(look.text);

@@ -108,33 +108,33 @@ QFont TextFont() {
     return font;
 }
 
-// Texts of the toolkit that its own translation lacks: the kinds of files in a file dialog.
-class MissingTexts final : public QTranslator {
+// The toolkit's own texts from the system's package, and those that it lacks: the kinds of files in
+// a file dialog.
+class ChineseTexts final : public QTranslator {
   public:
     using QTranslator::QTranslator;
 
     bool isEmpty() const override { return false; }
 
-    QString translate(const char* context, const char* text, const char*, int) const override {
-        static const QHash<QByteArrayView, QString> kTexts = {
+    QString translate(const char* context, const char* text, const char* note,
+                      int count) const override {
+        static const QHash<QByteArrayView, QString> kMissing = {
             {"Drive", QStringLiteral("驱动器")},    {"File", QStringLiteral("文件")},
             {"%1 File", QStringLiteral("%1 文件")}, {"Folder", QStringLiteral("文件夹")},
             {"Unknown", QStringLiteral("未知")},
         };
-        return qstrcmp(context, "QAbstractFileIconProvider") == 0 ? kTexts.value(text) : QString();
+        if (qstrcmp(context, "QAbstractFileIconProvider") == 0) return kMissing.value(text);
+        return QTranslator::translate(context, text, note, count);
     }
 };
 
-// The toolkit's own texts, from the system's package.
 void SpeakChinese(QApplication& application) {
     const QLocale chinese(QLocale::Chinese, QLocale::China);
     QLocale::setDefault(chinese);
-    QCoreApplication::installTranslator(new MissingTexts(&application));
-    auto* texts = new QTranslator(&application);
-    if (texts->load(chinese, QStringLiteral("qtbase"), QStringLiteral("_"),
-                    QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-        QCoreApplication::installTranslator(texts);
-    }
+    auto* texts = new ChineseTexts(&application);
+    static_cast<void>(texts->load(chinese, QStringLiteral("qtbase"), QStringLiteral("_"),
+                                  QLibraryInfo::path(QLibraryInfo::TranslationsPath)));
+    QCoreApplication::installTranslator(texts);
 }
 
 }  // namespace
