@@ -10,9 +10,11 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTest>
+#include <QToolButton>
 #include <stdexcept>
 
 #include "Panels.h"
@@ -172,6 +174,10 @@ void ClickControl(QWidget& control) {
     if (auto* remark = qobject_cast<ChanceRemark*>(&control)) return ClickLink(*remark);
     auto* button = qobject_cast<QAbstractButton*>(&control);
     if (!button) Refuse(control, "is no button");
+    const auto* tool = qobject_cast<QToolButton*>(button);
+    const auto* push = qobject_cast<QPushButton*>(button);
+    // The menu would wait for a user.
+    if ((tool && tool->menu()) || (push && push->menu())) Refuse(control, "raises a menu");
     button->click();
 }
 

@@ -183,6 +183,7 @@ class TrialGrid {
     ResultGrid Take() {
         int row = kHeadingRows;
         for (const TrialRow& each : result_.rows) WriteDraw(row++, each);
+        grid_.footRow = row;
         const std::string& next = result_.next.issue;
         grid_.SetCell(row, 1, next.empty() ? "下一期" : next + "期");
         WritePicks(row, result_.next);

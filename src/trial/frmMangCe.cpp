@@ -174,6 +174,7 @@ void frmMangCe::BuildResults(QBoxLayout* column) {
     chart_ = new BandChart;
     chart_->setObjectName(QStringLiteral("ZST"));
     texts->addWidget(chart_, 1);
+    OfferPicture(context(), *chart_, [chart = chart_] { return chart->grab().toImage(); });
     auto* under = AddRow(texts);
     auto* scores = AddCheckBox(under, "cheLJ", QStringLiteral("看累计数"));
     connect(scores, &QCheckBox::toggled, this, [this](bool on) { chart_->ShowScores(on); });

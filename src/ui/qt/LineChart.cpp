@@ -1,7 +1,6 @@
 #include "ui/qt/LineChart.h"
 
 #include <QChart>
-#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLineSeries>
 #include <QMouseEvent>
@@ -250,7 +249,6 @@ void LineChart::wheelEvent(QWheelEvent* event) {
 }
 
 void LineChart::keyPressEvent(QKeyEvent* event) {
-    if (event->matches(QKeySequence::Copy) && onCopy) return onCopy();
     const int page = bar_->pageStep();
     switch (event->key()) {
         case Qt::Key_Left:
@@ -268,11 +266,6 @@ void LineChart::keyPressEvent(QKeyEvent* event) {
         default:
             event->ignore();
     }
-}
-
-void LineChart::contextMenuEvent(QContextMenuEvent* event) {
-    event->accept();
-    if (onPopup) onPopup(event->globalPos());
 }
 
 QImage LineChart::Picture() {

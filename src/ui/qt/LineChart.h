@@ -3,7 +3,6 @@
 
 #include <QChartView>
 #include <QImage>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -38,10 +37,6 @@ class LineChart final : public QChartView {
     // What is seen, without the scroll bar.
     QImage Picture();
 
-    std::function<void()> onCopy;  // Ctrl+C
-    // The right button or the menu key: a popup may rise at this place of the screen.
-    std::function<void(const QPoint& place)> onPopup;
-
   protected:
     void resizeEvent(QResizeEvent* event) override;
     void drawForeground(QPainter* painter, const QRectF& rect) override;
@@ -49,7 +44,6 @@ class LineChart final : public QChartView {
     bool viewportEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
     QPointF PlaceOf(std::size_t point) const;

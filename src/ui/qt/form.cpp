@@ -13,6 +13,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <algorithm>
 #include <limits>
 
@@ -196,20 +197,27 @@ GridView* AddGrid(const PanelContext& context, QGroupBox* group, const char* nam
     return AddGrid(context, static_cast<QBoxLayout*>(group->layout()), name);
 }
 
+void OfferPicture(const PanelContext& context, QWidget& chart, std::function<QImage()> picture) {
+    chart.setFocusPolicy(Qt::StrongFocus);
+    chart.setContextMenuPolicy(Qt::CustomContextMenu);
+    const auto copy = [picture] { QGuiApplication::clipboard()->setImage(picture()); };
+    auto* key = new QShortcut(QKeySequence::Copy, &chart, copy);
+    key->setContext(Qt::WidgetWithChildrenShortcut);
+    const auto raise = [context, &chart, copy, picture = std::move(picture)](const QPoint& place) {
+        QMenu menu;
+        menu.setObjectName(QStringLiteral("chart_popup"));
+        AddEntry(menu, "chart_copy", QStringLiteral("复制图片\tCtrl+C"), copy);
+        AddEntry(menu, "chart_png", QStringLiteral("保存为图片…"),
+                 [&] { SavePicture(context, chart.window()->windowTitle().trimmed(), picture); });
+        context.desktop.RaisePopup(menu, chart.mapToGlobal(place));
+    };
+    QObject::connect(&chart, &QWidget::customContextMenuRequested, &chart, raise);
+}
+
 LineChart* AddLineChart(const PanelContext& context, QBoxLayout* layout, const char* name) {
     auto* chart = Named(new LineChart, name);
     layout->addWidget(chart, 1);
-    chart->onCopy = [chart] { QGuiApplication::clipboard()->setImage(chart->Picture()); };
-    chart->onPopup = [context, chart](const QPoint& place) {
-        QMenu menu;
-        menu.setObjectName(QStringLiteral("chart_popup"));
-        AddEntry(menu, "chart_copy", QStringLiteral("复制图片\tCtrl+C"), chart->onCopy);
-        AddEntry(menu, "chart_png", QStringLiteral("保存为图片…"), [context, chart] {
-            SavePicture(context, chart->window()->windowTitle().trimmed(),
-                        [chart] { return chart->Picture(); });
-        });
-        context.desktop.RaisePopup(menu, place);
-    };
+    OfferPicture(context, *chart, [chart] { return chart->Picture(); });
     return chart;
 }
 

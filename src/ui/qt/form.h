@@ -14,11 +14,13 @@ class QCheckBox;
 class QComboBox;
 class QGroupBox;
 class QHBoxLayout;
+class QImage;
 class QLabel;
 class QLineEdit;
 class QMenu;
 class QPushButton;
 class QRadioButton;
+class QWidget;
 
 namespace ssq {
 
@@ -71,8 +73,10 @@ void SetPopup(const PanelContext& context, GridView& view, const char* name, con
 GridView* AddGrid(const PanelContext& context, QBoxLayout* layout, const char* name);
 GridView* AddGrid(const PanelContext& context, QGroupBox* group, const char* name);
 
-// A line chart that takes all the room there is. Ctrl+C copies its picture; its popup does, too,
-// and saves it.
+// Ctrl+C copies the picture of a chart; its popup does, too, and saves it as PNG.
+void OfferPicture(const PanelContext& context, QWidget& chart, std::function<QImage()> picture);
+
+// A line chart that takes all the room there is, with its picture to offer.
 LineChart* AddLineChart(const PanelContext& context, QBoxLayout* layout, const char* name);
 
 }  // namespace ssq
