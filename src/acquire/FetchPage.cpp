@@ -46,6 +46,8 @@ void SetUp(CURL* transfer, const std::string& url, const FetchOptions& options,
     curl_easy_setopt(transfer, CURLOPT_MAXREDIRS, kMostRedirects);
     curl_easy_setopt(transfer, CURLOPT_FAILONERROR, 1L);
     curl_easy_setopt(transfer, CURLOPT_NOSIGNAL, 1L);
+    // A fetch that is given up does not wait for the look-up of a name.
+    curl_easy_setopt(transfer, CURLOPT_QUICK_EXIT, 1L);
     curl_easy_setopt(transfer, CURLOPT_CONNECTTIMEOUT_MS,
                      static_cast<long>(options.connectTimeout.count()));
     curl_easy_setopt(transfer, CURLOPT_TIMEOUT_MS, static_cast<long>(options.totalTime.count()));

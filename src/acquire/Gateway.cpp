@@ -17,6 +17,7 @@
 #include "acquire/gatewayWords.h"
 #include "base/text.h"
 #include "draws/Public_var.h"
+#include "ui/Host.h"
 #include "ui/Run.h"
 
 namespace ssq {
@@ -104,9 +105,10 @@ class Gateway::Process {
     // True once it serves. Two runs may wait, one inside the other.
     bool WaitUntilReady(Run& run, std::string& fault) {
         constexpr int kWaitMs = 20;
+        const WaitCursor waiting(run.host());
         while (!isReady_ && fault_.empty()) {
-            pollfd waiting{output_.readEnd(), POLLIN, 0};
-            if (::poll(&waiting, 1, kWaitMs) > 0) Hear();
+            pollfd output{output_.readEnd(), POLLIN, 0};
+            if (::poll(&output, 1, kWaitMs) > 0) Hear();
             if (!isReady_ && fault_.empty() && !run.YieldNow()) return false;
         }
         fault = fault_;

@@ -218,14 +218,18 @@ bool HarvestPages(Session& session, Run& run, PageSource& site, const LocalDraw&
 bool InsertDraws(Session& session, const Harvest& harvest, int& written) {
     WriteBatch batch(session.host, session.connection);
     std::string errorText;
+    int inserted = 0;
     for (std::size_t i = harvest.NewIssues.size(); i-- > 0;) {
         if (!InsertDraw(session.connection, DrawOf(harvest, i), errorText)) {
             TellStoreFault(session, "保存开奖数据失败", errorText);
-            return false;
+            break;
         }
-        ++written;
+        ++inserted;
     }
-    return CommitOrTell(session, batch);
+    const bool wantsAll = inserted == harvest.HarvestCount();
+    const bool isKept = wantsAll ? CommitOrTell(session, batch) : batch.Commit(errorText);
+    if (isKept) written += inserted;
+    return wantsAll && isKept;
 }
 
 // Tells why there is no newest issue.

@@ -208,7 +208,7 @@ UpdateResult UpdateSales(Session& session, Run& run) {
     }
     if (!CommitOrTell(session, batch)) return ended();
     UpdateResult result = ended();
-    if (result.end == UpdateEnd::kFault) result.end = UpdateEnd::kDone;
+    if (result.end == UpdateEnd::kFault && !table.empty()) result.end = UpdateEnd::kDone;
     result.box = "更新完成,共更新" + std::to_string(want - 1) + "期！";
     return result;
 }

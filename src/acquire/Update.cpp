@@ -6,7 +6,6 @@
 #include "acquire/getWWW.h"
 #include "draws/Public_var.h"
 #include "draws/queries.h"
-#include "store/WriteBatch.h"
 #include "ui/Host.h"
 #include "ui/Run.h"
 
@@ -74,7 +73,7 @@ UpdateResult UpdateIssues(Session& session, Run& run, const std::string& host,
                           ? QueryOrTell(session, update.pending, issues)
                           : session.connection.OpenQuery(update.pending, errorText, issues);
     if (!read) return EndOfUpdate(site, run, written);
-    WriteBatch batch(session.host, session.connection);
+    // Each row reaches the disk by itself, so that what is counted as written is there.
     for (int number = 1; !issues.eof(); issues.MoveNext(), ++number) {
         const std::string issue = issues.Text(0);
         run.Tell("正在读取" + std::string(update.name) + "第 " + std::to_string(number) + "/" +
@@ -90,7 +89,6 @@ UpdateResult UpdateIssues(Session& session, Run& run, const std::string& host,
         ++written;
     }
     if (!run.goesOn()) return {};
-    if (!CommitOrTell(session, batch)) return EndOfUpdate(site, run, written);
     const std::string box =
         written == 0 ? update.latest : "共更新" + std::to_string(written) + "期！";
     return {UpdateEnd::kDone, written, box, {}, site.notes()};

@@ -58,9 +58,12 @@ void Updates::RunAlone(Kind kind) {
 }
 
 void Updates::All() {
-    Run run(session_.host);
+    ++allNewest_;
+    Watcher watcher(window_, allNewest_);
+    Run run(session_.host, &watcher);
     // One gateway for all three.
     const PageSource site(session_, run, session_.deployment.resultsHost);
+    if (!run.goesOn()) return;
     std::vector<std::string> lines;
     std::string silentHost;
     std::string notes;
@@ -68,7 +71,7 @@ void Updates::All() {
         const std::string& host = session_.deployment.*entry.host;
         if (!silentHost.empty() && host == silentHost) continue;
         UpdateResult result = RunOne(entry);
-        if (session_.host.stopping()) return;
+        if (!run.goesOn()) return;
         if (result.end == UpdateEnd::kNoPage) silentHost = host;
         // What is to be known of the source is the same for all three.
         if (!result.notes.empty()) notes = std::exchange(result.notes, {});
@@ -76,7 +79,7 @@ void Updates::All() {
     }
     const std::string sum = Join(lines, "；") + (notes.empty() ? "" : "（" + notes + "）");
     window_.showStatus(sum);
-    session_.host.ShowMessage(sum + "。");
+    session_.host.ShowMessage(sum.ends_with("。") ? sum : sum + "。");
 }
 
 }  // namespace ssq

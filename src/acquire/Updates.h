@@ -51,6 +51,7 @@ class Updates {
     Session& session_;
     Window window_;
     std::array<Entry, 3> entries_;
+    int allNewest_ = 0;  // number of the run over all that is wanted
 };
 
 }  // namespace ssq

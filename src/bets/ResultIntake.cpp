@@ -36,8 +36,11 @@ const Draw& Back(Earlier earlier, std::size_t back) {
 
 NumberSource KillSource(int place, int index) {
     const ShiftFormula formula = FormulaAt(index);
-    return {"杀码公式" + std::to_string(place) + "(" + FormulaKey(formula) + ")", kAtMostOne, false,
-            true, [formula](Earlier earlier) {
+    return {.name = "杀码公式" + std::to_string(place) + "(" + FormulaKey(formula) + ")",
+            .range = kAtMostOne,
+            .isAgainst = true,
+            .isLearned = true,
+            .numbers = [formula](Earlier earlier) {
                 const auto q = static_cast<std::size_t>(formula.q);
                 return earlier.size() < q ? RedSet() : Back(earlier, q).set.Lowered(formula.b);
             }};
@@ -45,8 +48,10 @@ NumberSource KillSource(int place, int index) {
 
 // Positions count from 0 through the reds of the last four draws, newest draw first.
 NumberSource BankerSource(int place, std::vector<int> positions) {
-    return {"第" + std::to_string(place) + "组胆码", kAtLeastOne, false, false,
-            [positions = std::move(positions)](Earlier earlier) {
+    return {.name = "第" + std::to_string(place) + "组胆码",
+            .range = kAtLeastOne,
+            .isLearned = true,
+            .numbers = [positions = std::move(positions)](Earlier earlier) {
                 RedSet numbers;
                 if (earlier.size() < kBankerDraws) return numbers;
                 for (const int position : positions) {
@@ -184,8 +189,9 @@ std::vector<TakenResult> TakeResults(std::span<const NumberSource> sources, Earl
         if (numbers.empty()) continue;
         const Record record = RecordOf(source, draws);
         const CountRange range = source.range.value_or(LikelyRange(numbers.Count()));
-        const std::string remark = Remark(source.name, record.met, record.draws,
-                                          RateText(record.chance / 100, record.draws));
+        std::string remark = Remark(source.name, record.met, record.draws,
+                                    RateText(record.chance / 100, record.draws));
+        if (source.isLearned) remark += "（近期含学习用的期数）";
         std::string line = source.isBlue ? "蓝球 " : "";
         line += numbers.ToList();
         if (!source.isBlue) line += "/" + RangeText(range);

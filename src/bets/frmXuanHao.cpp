@@ -180,8 +180,6 @@ void frmXuanHao::BuildPlan(QHBoxLayout* middle) {
 
     QGroupBox* conditions = AddGroup(middle, "Frame2", QStringLiteral("各条件单独符合的组合"));
     vs2_ = AddGrid(context(), conditions, "vs2");
-    vs2_->SetEmptyHint(QStringLiteral("方案里还没有条件。"), QStringLiteral("点此取入结果"),
-                       [this] { TakeIn(); });
     SetStretch(middle, plan, 4);
     SetStretch(middle, conditions, 3);
 }
@@ -207,8 +205,6 @@ void frmXuanHao::BuildBets(QHBoxLayout* middle) {
     SetMainButtonOf(txtN_, AddButton(picks, "Command6", QStringLiteral("随机取注"),
                                      [this] { TakeAtRandom(); }));
     vs1_ = AddGrid(context(), betsGroup_, "vs1");
-    vs1_->SetEmptyHint(QStringLiteral("没有可显示的注。"), QStringLiteral("点此回到方案"),
-                       [this] { txtFangAn_->setFocus(); });
 }
 
 void frmXuanHao::BuildHistory(QVBoxLayout* column) {
@@ -222,8 +218,6 @@ void frmXuanHao::BuildHistory(QVBoxLayout* column) {
         if (plan_) Perform({}, [this](Run& run) { return CheckPast(run); });
     });
     vs3_ = AddGrid(context(), historyGroup_, "vs3");
-    vs3_->SetEmptyHint(QStringLiteral("还没有验证结果。"), QStringLiteral("点此计算"),
-                       [this] { Compute(); });
 }
 
 void frmXuanHao::Load() {
@@ -363,6 +357,23 @@ void frmXuanHao::ShowErrors(const std::vector<std::string>& told) {
     QStringList lines;
     for (const std::string& text : told) lines.append(Qs(text));
     LBLcuo_->setText(lines.join(u'\n'));
+    ShowHints(!told.empty());
+}
+
+void frmXuanHao::ShowHints(bool hasErrors) {
+    const QString back = QStringLiteral("点此回到方案");
+    const auto goBack = [this] { txtFangAn_->setFocus(); };
+    if (hasErrors) {
+        for (GridView* view : {vs1_, vs2_, vs3_}) {
+            view->SetEmptyHint(QStringLiteral("方案有错，改正后才有结果。"), back, goBack);
+        }
+        return;
+    }
+    vs1_->SetEmptyHint(QStringLiteral("没有可显示的注。"), back, goBack);
+    vs2_->SetEmptyHint(QStringLiteral("方案里还没有条件。"), QStringLiteral("点此取入结果"),
+                       [this] { TakeIn(); });
+    vs3_->SetEmptyHint(QStringLiteral("还没有验证结果。"), QStringLiteral("点此计算"),
+                       [this] { Compute(); });
 }
 
 void frmXuanHao::ShowNothing() {
@@ -445,14 +456,12 @@ void frmXuanHao::TakeAtRandom() {
         return;
     }
     if (typing_->isActive()) Compute();
-    if (remaining_.size() == 0) {
-        session().host.ShowMessage("没有剩余的注！");
-        return;
-    }
+    if (!HasBets()) return;
     shown_ = BetList(remaining_.PickAtRandom(static_cast<std::size_t>(wished), random_));
-    betsGroup_->setTitle(QStringLiteral("注单（从%1注中随机取%2注，再计算则恢复全部）")
+    betsGroup_->setTitle(QStringLiteral("注单（从%1注中随机取%2注，%3元，再计算则恢复全部）")
                              .arg(remaining_.size())
-                             .arg(shown_.size()));
+                             .arg(shown_.size())
+                             .arg(plan_->Cost(static_cast<std::int64_t>(shown_.size()))));
     Order();
 }
 
@@ -491,21 +500,21 @@ void frmXuanHao::OpenPlan() {
     txtFangAn_->document()->setModified(false);
 }
 
+bool frmXuanHao::HasBets() {
+    if (remaining_.size() > 0) return true;
+    session().host.ShowMessage(plan_ ? "没有剩余的注！" : "方案有错，请先改正！");
+    return false;
+}
+
 void frmXuanHao::CopyBets() {
     if (typing_->isActive()) Compute();
-    if (shown_.size() == 0) {
-        session().host.ShowMessage("没有剩余的注！");
-        return;
-    }
+    if (!HasBets()) return;
     PutOnClipboard(BetsAsText(shown_.Shown(), plan_->blues));
 }
 
 void frmXuanHao::SaveBets() {
     if (typing_->isActive()) Compute();
-    if (shown_.size() == 0) {
-        session().host.ShowMessage("没有剩余的注！");
-        return;
-    }
+    if (!HasBets()) return;
     const std::string file = AskFile(QStringLiteral("*.txt;;*.csv"));
     if (file.empty() || !plan_) return;
     const bool asCsv = Qs(file).endsWith(QStringLiteral(".csv"), Qt::CaseInsensitive);

@@ -59,6 +59,8 @@ class frmXuanHao final : public Panel {
     void Compute();
     bool Count(Run& run);
     void ShowErrors(const std::vector<std::string>& told);
+    // What the empty grids say.
+    void ShowHints(bool hasErrors);
     void ShowNothing();
     void ShowBoard(const BetPlan& plan);
     // A press on a ball: the plan is another and computed at once.
@@ -75,6 +77,8 @@ class frmXuanHao final : public Panel {
     void ShowList();
     void ShowPage();
     void TakeAtRandom();
+    // Tells why there is none.
+    bool HasBets();
 
     void SavePlan();
     void OpenPlan();

@@ -28,6 +28,7 @@ struct NumberSource {
     std::optional<CountRange> range = {};  // of how many come; without one the likely range
     bool isBlue = false;
     bool isAgainst = false;  // the numbers are thought not to come
+    bool isLearned = false;  // chosen by past draws, some of which it will be rated on
     std::function<RedSet(std::span<const Draw> earlier)> numbers = {};
 };
 

@@ -29,7 +29,8 @@ frmSHAMA::frmSHAMA(const PanelContext& context, QWidget* parent)
     : RangePanel(context, parent,
                  {.form = {"frmSHAMA", "杀码推荐", 1120, 680},
                   .startEntry = kStartWithoutSettings,
-                  .inputsName = nullptr}) {
+                  .inputsName = nullptr,
+                  .drawsBefore = kFormulaDraws}) {
     // No run of the panel: it goes on beside a learning run and does not end it.
     SetMainButton(
         AddButton(inputs(), "Command1", QStringLiteral("杀号推荐"), [this] { Recommend(); }));

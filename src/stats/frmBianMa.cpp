@@ -17,7 +17,10 @@ constexpr int kRangeOpens = 28;  // entries below the newest issue
 }  // namespace
 
 frmBianMa::frmBianMa(const PanelContext& context, QWidget* parent)
-    : RangePanel(context, parent, {{"frmBianMa", " 红球边码统计分析", 1200, 760}, kRangeOpens}) {
+    : RangePanel(context, parent,
+                 {.form = {"frmBianMa", " 红球边码统计分析", 1200, 760},
+                  .startEntry = kRangeOpens,
+                  .drawsBefore = kFormulaDraws}) {
     cboZtype_ = AddCombo(inputs(), "cboZtype", QStringLiteral("边码期数:"));
     for (int q = 1; q <= kFormulaDraws; ++q) {
         cboZtype_->addItem(QStringLiteral("上%1期边码").arg(q));

@@ -14,7 +14,10 @@ constexpr int kStartEntry = 29;
 }  // namespace
 
 frm18MaWeiHong::frm18MaWeiHong(const PanelContext& context, QWidget* parent)
-    : RangePanel(context, parent, {{"frm18MaWeiHong", " 18码围红", 1120, 680}, kStartEntry}) {
+    : RangePanel(context, parent,
+                 {.form = {"frm18MaWeiHong", " 18码围红", 1120, 680},
+                  .startEntry = kStartEntry,
+                  .drawsBefore = kWrapDepth}) {
     AddProgress("正在计算中.......");
     AddRunButton({.name = "Command1",
                   .caption = "围红推荐",

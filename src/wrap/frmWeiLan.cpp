@@ -8,7 +8,10 @@
 namespace ssq {
 
 frmWeiLan::frmWeiLan(const PanelContext& context, QWidget* parent)
-    : RangePanel(context, parent, {{"frmWeiLan", " 智能围蓝", 900, 680}, kStartSixtyDraws}) {
+    : RangePanel(context, parent,
+                 {.form = {"frmWeiLan", " 智能围蓝", 900, 680},
+                  .startEntry = kStartSixtyDraws,
+                  .drawsBefore = 4}) {
     AddRunButton({"Command1", "围蓝"},
                  [this](Run&) { return Show(BuildBlueWrap(session(), range())); });
     GridView* vs1 = AddResults("Frame2", "智能围蓝结果(选择号码点鼠标右键可进行复制)");

@@ -24,7 +24,7 @@ RangePanel::RangePanel(const PanelContext& context, QWidget* parent, const Range
             : AddRow(column_);
     start_ = AddIssueCombo(inputs_, "cboSdate", QStringLiteral("开始期号:"), "Label1");
     end_ = AddIssueCombo(inputs_, "cboEdate", QStringLiteral("结束期号:"), "Label2");
-    AddPeriodMenu(inputs_, *start_, *end_);
+    AddPeriodMenu(inputs_, *start_, *end_, form.drawsBefore);
     FillIssueCombos(context, *start_, *end_, form.startEntry);
 }
 

@@ -27,6 +27,7 @@ class RangePanel : public Panel {
         int startEntry = kStartWide;
         const char* inputsName = "Frame1";  // of the group around the inputs; null for no group
         const char* inputsCaption = "分析条件";
+        int drawsBefore = 0;  // that the analysis needs before the range
     };
 
     RangePanel(const PanelContext& context, QWidget* parent, const RangeForm& form);

@@ -144,7 +144,7 @@ void AddEntry(QMenu& menu, const char* name, const QString& caption, std::functi
     QObject::connect(entry, &QAction::triggered, entry, std::move(action));
 }
 
-QPushButton* AddPeriodMenu(QBoxLayout* row, IssueCombo& start, IssueCombo& end) {
+QPushButton* AddPeriodMenu(QBoxLayout* row, IssueCombo& start, IssueCombo& end, int drawsBefore) {
     constexpr int kBesideText = 40;  // pixels for the frame and the arrow
     auto* button = AddButton(row, "mnuQishu", QStringLiteral("最近"), {});
     button->setToolTip(QStringLiteral("选择最近的期数"));
@@ -152,9 +152,9 @@ QPushButton* AddPeriodMenu(QBoxLayout* row, IssueCombo& start, IssueCombo& end) 
     button->setMaximumWidth(button->fontMetrics().horizontalAdvance(button->text()) + kBesideText);
     auto* menu = new QMenu(button);
     const auto add = [&](const QString& caption, int draws) {
-        AddEntry(*menu, nullptr, caption, [&start, &end, draws] {
+        AddEntry(*menu, nullptr, caption, [&start, &end, draws, drawsBefore] {
             end.TakeEntry(0);
-            start.TakeEntry(std::min(draws, start.count()) - 1);
+            start.TakeEntry(std::min(draws, std::max(start.count() - drawsBefore, 1)) - 1);
         });
     };
     for (const int draws : {30, 50, 100}) add(QStringLiteral("近%1期").arg(draws), draws);

@@ -41,7 +41,8 @@ IssueCombo* AddIssueCombo(QBoxLayout* row, const char* name, const QString& labe
                           const char* labelName = nullptr);
 // A button behind a range of issues, whose menu lets the range span the newest 30, 50, 100 or all
 // draws.
-QPushButton* AddPeriodMenu(QBoxLayout* row, IssueCombo& start, IssueCombo& end);
+QPushButton* AddPeriodMenu(QBoxLayout* row, IssueCombo& start, IssueCombo& end,
+                           int drawsBefore = 0);
 QComboBox* AddCombo(QBoxLayout* row, const char* name, const QString& label,
                     std::initializer_list<const char*> entries = {});
 // A combo that takes a typed number, too.
