@@ -130,6 +130,12 @@ class Console final : public ssq::Host {
     const Ending& ending_;
 };
 
+void LogFaults(const ssq::DrawFile& file) {
+    for (const ssq::DrawsCsvFault& bad : file.csv().faults) {
+        Log("line " + std::to_string(bad.line) + ": " + bad.reason);
+    }
+}
+
 // What the source tells, or why nothing.
 std::optional<ssq::DrawsCsv> ReadSource(ssq::Run& run, const std::string& url, std::string& fault) {
     ssq::FetchOptions options;
@@ -171,13 +177,11 @@ bool Load(const Options& options, const Ending& ending, ssq::DrawFile& file) {
     std::string fault;
     std::error_code unreadable;
     const bool mayLack = !options.source.empty() && !fs::exists(options.file, unreadable);
-    if (!file.Refresh(fault) && !mayLack) {
+    if (file.Refresh(fault) == ssq::Refreshed::kFailed && !mayLack) {
         Say(ssq::kFault, "数据文件 " + options.file.string() + " 读不了：" + fault);
         return false;
     }
-    for (const ssq::DrawsCsvFault& bad : file.csv().faults) {
-        Log("line " + std::to_string(bad.line) + ": " + bad.reason);
-    }
+    LogFaults(file);
     if (!file.Remarks().empty()) Say(ssq::kNote, file.Remarks());
     if (options.source.empty()) return true;
     Console console(ending);
@@ -194,7 +198,12 @@ void SetSocketOptions(socket_t socket) {
 
 void Respond(ssq::DrawFile& file, const httplib::Request& request, httplib::Response& response) {
     std::string fault;
-    if (!file.Refresh(fault)) Log("keeping the draws read before: " + fault);
+    const ssq::Refreshed refreshed = file.Refresh(fault);
+    if (refreshed == ssq::Refreshed::kFailed) Log("keeping the draws read before: " + fault);
+    if (refreshed == ssq::Refreshed::kRead) {
+        LogFaults(file);
+        if (!file.Remarks().empty()) Log(file.Remarks());
+    }
     const auto page = ssq::Answer(file, request.path,
                                   [&](const char* key) { return request.get_param_value(key); });
     const auto bytes = page ? ssq::EncodeGbk(*page) : std::nullopt;
@@ -203,8 +212,6 @@ void Respond(ssq::DrawFile& file, const httplib::Request& request, httplib::Resp
     } else {
         response.status = 404;
     }
-    Log(request.method + " " + request.target + " " + std::to_string(bytes ? 200 : 404) + " " +
-        std::to_string(bytes ? bytes->size() : 0));
 }
 
 int Serve(const Options& options) {
@@ -212,6 +219,15 @@ int Serve(const Options& options) {
     httplib::Server server;
     server.set_socket_options(SetSocketOptions);
     server.set_keep_alive_max_count(1);
+    // A client that sends nothing or half a request holds up the end for so long; the program waits
+    // two seconds for its gateway.
+    constexpr int kSilenceSeconds = 1;
+    server.set_keep_alive_timeout(kSilenceSeconds);
+    server.set_read_timeout(kSilenceSeconds);
+    server.set_logger([](const httplib::Request& request, const httplib::Response& response) {
+        Log(request.method + " " + request.target + " " + std::to_string(response.status) + " " +
+            std::to_string(response.body.size()));
+    });
     if (!server.bind_to_port("127.0.0.1", options.port)) {
         Say(ssq::kFault, "数据网关的端口 " + std::to_string(options.port) + " 已被占用");
         return EXIT_FAILURE;
@@ -236,7 +252,7 @@ int Serve(const Options& options) {
 int Check(const fs::path& path) {
     ssq::DrawFile file(path);
     std::string fault;
-    if (!file.Refresh(fault)) {
+    if (file.Refresh(fault) == ssq::Refreshed::kFailed) {
         std::printf("%s\n", fault.c_str());
         return EXIT_FAILURE;
     }

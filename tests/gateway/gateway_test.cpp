@@ -9,6 +9,7 @@
 
 #include "base/text.h"
 #include "gateway/DatabaseExport.h"
+#include "gateway/DrawFile.h"
 #include "support/UpdateTest.h"
 #include "support/paths.h"
 
@@ -203,6 +204,27 @@ TEST_F(GatewayUpdate, MergesASourceAndNeverChangesWhatStands) {
     serve(notice("2026116", "2026-10-11", known));
     updates.Prizes();
     EXPECT_EQ(status, "奖池信息：已更新 1 期");
+}
+
+TEST(GatewayFile, TellsOnceOfEachChange) {
+    const TempFolder folder;
+    const fs::path path = folder.path() / "draws.csv";
+    const auto write = [&](const std::string& lines) {
+        std::ofstream(path, std::ios::binary) << kDrawsCsvHeading << "\n" << lines;
+    };
+    const std::string good = "2026114,2026-10-06,10,07 18 23 24 29 31,,,,,\n";
+    DrawFile file(path);
+    std::string fault;
+    write(good);
+    EXPECT_EQ(file.Refresh(fault), Refreshed::kRead);
+    EXPECT_EQ(file.Refresh(fault), Refreshed::kUnchanged);
+    write(good + "2026115,2026-10-08,99,01 02 03 04 05 06,,,,,\n");
+    EXPECT_EQ(file.Refresh(fault), Refreshed::kRead);
+    EXPECT_THAT(file.csv().faults, SizeIs(1));
+    write("no draw\n");
+    EXPECT_EQ(file.Refresh(fault), Refreshed::kFailed);
+    EXPECT_EQ(file.Refresh(fault), Refreshed::kUnchanged);
+    EXPECT_THAT(file.csv().draws, SizeIs(1));
 }
 
 TEST(GatewayExport, WritesTheDeliveredDatabaseAsTheFileItWasMadeFrom) {
