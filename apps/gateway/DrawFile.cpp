@@ -5,17 +5,13 @@
 #include "base/files.h"
 #include "base/numbers.h"
 #include "draws/IssueRules.h"
+#include "gateway/merge.h"
 
 namespace ssq {
 
 namespace {
 
 constexpr std::size_t kLargestFile = std::size_t{64} << 20;  // bytes; 50 years have some 1,000,000
-
-bool Follows(const PublishedDraw& draw, const PublishedDraw& before) {
-    return IsNextDraw(draw.draw.issue, *ParseDate(draw.draw.date), before.draw.issue,
-                      *ParseDate(before.draw.date));
-}
 
 }  // namespace
 

@@ -146,6 +146,24 @@ std::optional<ssq::DrawsCsv> ReadSource(ssq::Run& run, const std::string& url, s
     return csv ? std::optional(ssq::ReadDrawsCsv(*csv, ssq::LatestDrawDate())) : std::nullopt;
 }
 
+// Says which draws of the source the file did not take, and why; `newest` is the file's last issue.
+void SayLeftOut(const std::vector<ssq::DrawsCsvFault>& faults, std::int32_t newest,
+                const ssq::MergeCount& count) {
+    if (!faults.empty()) {
+        Say(ssq::kNote, "数据来源有 " + std::to_string(faults.size()) + " 期没有采用，第 " +
+                            std::to_string(faults.front().line - 1) + " 条" +
+                            faults.front().reason);
+    }
+    if (count.behindHole > 0) {
+        Say(ssq::kNote, "数据来源在 " + std::to_string(newest) + " 期与 " +
+                            std::to_string(count.behindHole) + " 期之间缺期，之后的没有采用");
+    }
+    if (count.different > 0) {
+        Say(ssq::kNote,
+            "数据来源有 " + std::to_string(count.different) + " 期与文件不同，没有改动");
+    }
+}
+
 // Merges the source into the file; where anything is wrong with it, the file stays as it is.
 void MergeSource(ssq::Run& run, const Options& options, ssq::DrawFile& file) {
     std::string fault;
@@ -157,14 +175,7 @@ void MergeSource(ssq::Run& run, const Options& options, ssq::DrawFile& file) {
     std::vector<ssq::PublishedDraw> draws = file.csv().draws;
     const ssq::MergeCount count = ssq::MergeDraws(draws, fresh->draws, options.replace);
     Log("source: " + ssq::MergeText(count));
-    if (!fresh->faults.empty()) {
-        Say(ssq::kNote, "数据来源有 " + std::to_string(fresh->faults.size()) + " 期没有采用：" +
-                            fresh->faults.front().reason);
-    }
-    if (count.different > 0) {
-        Say(ssq::kNote,
-            "数据来源有 " + std::to_string(count.different) + " 期与文件不同，没有改动");
-    }
+    SayLeftOut(fresh->faults, draws.empty() ? 0 : draws.back().draw.issue, count);
     if (count.added + count.completed + count.replaced == 0) return;
     if (!ssq::ReadDrawsCsv(ssq::WriteDrawsCsv(draws)).faults.empty()) {
         return Say(ssq::kNote, "数据来源没有用上，开奖日期与文件矛盾");
@@ -182,11 +193,12 @@ bool Load(const Options& options, const Ending& ending, ssq::DrawFile& file) {
         return false;
     }
     LogFaults(file);
-    if (!file.Remarks().empty()) Say(ssq::kNote, file.Remarks());
-    if (options.source.empty()) return true;
     Console console(ending);
-    ssq::Run run(console);
-    MergeSource(run, options, file);
+    if (!options.source.empty()) {
+        ssq::Run run(console);
+        MergeSource(run, options, file);
+    }
+    if (!file.Remarks().empty()) Say(ssq::kNote, file.Remarks());
     return !console.stopping();
 }
 
