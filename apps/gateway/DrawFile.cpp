@@ -5,6 +5,7 @@
 #include "base/files.h"
 #include "base/numbers.h"
 #include "draws/IssueRules.h"
+#include "gateway/merge.h"
 
 namespace ssq {
 
@@ -12,30 +13,25 @@ namespace {
 
 constexpr std::size_t kLargestFile = std::size_t{64} << 20;  // bytes; 50 years have some 1,000,000
 
-bool Follows(const PublishedDraw& draw, const PublishedDraw& before) {
-    return IsNextDraw(draw.draw.issue, *ParseDate(draw.draw.date), before.draw.issue,
-                      *ParseDate(before.draw.date));
-}
-
 }  // namespace
 
-bool DrawFile::Refresh(std::string& errorText) {
+Refreshed DrawFile::Refresh(std::string& errorText) {
     std::error_code unreadable;
     const auto time = std::filesystem::last_write_time(path_, unreadable);
     const auto size = unreadable ? 0 : std::filesystem::file_size(path_, unreadable);
-    if (!unreadable && time == time_ && size == size_) return true;
+    if (!unreadable && time == time_ && size == size_) return Refreshed::kUnchanged;
     const auto bytes = ReadFile(path_, kLargestFile, errorText);
-    if (!bytes) return false;
+    if (!bytes) return Refreshed::kFailed;
+    time_ = time;
+    size_ = size;
     DrawsCsv csv = ReadDrawsCsv(*bytes, LatestDrawDate());
     if (csv.draws.empty() && !csv.faults.empty()) {
         errorText =
             "第 " + std::to_string(csv.faults.front().line) + " 行" + csv.faults.front().reason;
-        return false;
+        return Refreshed::kFailed;
     }
     csv_ = std::move(csv);
-    time_ = time;
-    size_ = size;
-    return true;
+    return Refreshed::kRead;
 }
 
 bool DrawFile::Replace(std::vector<PublishedDraw> draws, std::string& errorText) {
@@ -44,7 +40,8 @@ bool DrawFile::Replace(std::vector<PublishedDraw> draws, std::string& errorText)
         errorText = "数据文件有不正确的行，改正之前不写入";
         return false;
     }
-    return ReplaceFile(path_, WriteDrawsCsv(csv_.draws), errorText) && Refresh(errorText);
+    return ReplaceFile(path_, WriteDrawsCsv(csv_.draws), errorText) &&
+           Refresh(errorText) != Refreshed::kFailed;
 }
 
 std::span<const PublishedDraw> DrawFile::listed() const {

@@ -9,13 +9,16 @@
 
 namespace ssq {
 
+enum class Refreshed { kUnchanged, kRead, kFailed };
+
 class DrawFile {
   public:
     explicit DrawFile(std::filesystem::path path) : path_(std::move(path)) {}
 
-    // Reads the file where it has changed since the last time. False with the reason in Chinese
-    // when it cannot be read or has no good line; what was read before then stays.
-    bool Refresh(std::string& errorText);
+    // Reads the file where it has changed since the last time. Fails, with the reason in Chinese,
+    // when it cannot be read or has no good line; what was read before then stays. A file without
+    // a good line fails once for each change.
+    Refreshed Refresh(std::string& errorText);
 
     // Serves these draws and, where every line of the file is good, writes them. False with the
     // reason when that fails.

@@ -14,7 +14,7 @@ namespace {
 using Json = nlohmann::json;
 
 constexpr const char* kUnknown = "-";
-constexpr std::size_t kDateLength = 10;  // a weekday may stand behind
+constexpr unsigned char kDelete = 0x7F;  // the control character above the others
 
 // A member as text, in one field of a line; empty where there is none.
 std::string Text(const Json& object, const char* key) {
@@ -25,9 +25,18 @@ std::string Text(const Json& object, const char* key) {
     if (!member->is_string()) return "?";
     std::string text = member->get<std::string>();
     for (char& c : text) {
-        if (c == ',' || c == '\n' || c == '\r') c = ' ';
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == ',' || byte < ' ' || byte == kDelete) c = ' ';
     }
     return Trim(text);
+}
+
+// The date without the weekday or time that may stand behind it.
+std::string Day(const Json& notice) {
+    constexpr std::size_t kLength = 10;
+    std::string date = Text(notice, "date");
+    if (date.find_first_not_of("0123456789-/") == kLength) date.resize(kLength);
+    return date;
 }
 
 std::string Amount(const Json& object, const char* key) {
@@ -49,10 +58,9 @@ std::string Amounts(const Json& notice, const char* key) {
 }
 
 std::string LineOf(const Json& notice) {
-    if (!notice.is_object()) return "\n";
     const std::vector<std::string> fields = {
         Text(notice, "code"),
-        Text(notice, "date").substr(0, kDateLength),
+        Day(notice),
         Text(notice, "blue"),
         Text(notice, "red"),
         "",

@@ -130,6 +130,12 @@ class Console final : public ssq::Host {
     const Ending& ending_;
 };
 
+void LogFaults(const ssq::DrawFile& file) {
+    for (const ssq::DrawsCsvFault& bad : file.csv().faults) {
+        Log("line " + std::to_string(bad.line) + ": " + bad.reason);
+    }
+}
+
 // What the source tells, or why nothing.
 std::optional<ssq::DrawsCsv> ReadSource(ssq::Run& run, const std::string& url, std::string& fault) {
     ssq::FetchOptions options;
@@ -138,6 +144,24 @@ std::optional<ssq::DrawsCsv> ReadSource(ssq::Run& run, const std::string& url, s
     if (!body) return std::nullopt;
     const auto csv = ssq::NoticesAsCsv(body->bytes, fault);
     return csv ? std::optional(ssq::ReadDrawsCsv(*csv, ssq::LatestDrawDate())) : std::nullopt;
+}
+
+// Says which draws of the source the file did not take, and why; `newest` is the file's last issue.
+void SayLeftOut(const std::vector<ssq::DrawsCsvFault>& faults, std::int32_t newest,
+                const ssq::MergeCount& count) {
+    if (!faults.empty()) {
+        Say(ssq::kNote, "数据来源有 " + std::to_string(faults.size()) + " 期没有采用，第 " +
+                            std::to_string(faults.front().line - 1) + " 条" +
+                            faults.front().reason);
+    }
+    if (count.behindHole > 0) {
+        Say(ssq::kNote, "数据来源在 " + std::to_string(newest) + " 期与 " +
+                            std::to_string(count.behindHole) + " 期之间缺期，之后的没有采用");
+    }
+    if (count.different > 0) {
+        Say(ssq::kNote,
+            "数据来源有 " + std::to_string(count.different) + " 期与文件不同，没有改动");
+    }
 }
 
 // Merges the source into the file; where anything is wrong with it, the file stays as it is.
@@ -151,14 +175,7 @@ void MergeSource(ssq::Run& run, const Options& options, ssq::DrawFile& file) {
     std::vector<ssq::PublishedDraw> draws = file.csv().draws;
     const ssq::MergeCount count = ssq::MergeDraws(draws, fresh->draws, options.replace);
     Log("source: " + ssq::MergeText(count));
-    if (!fresh->faults.empty()) {
-        Say(ssq::kNote, "数据来源有 " + std::to_string(fresh->faults.size()) + " 期没有采用：" +
-                            fresh->faults.front().reason);
-    }
-    if (count.different > 0) {
-        Say(ssq::kNote,
-            "数据来源有 " + std::to_string(count.different) + " 期与文件不同，没有改动");
-    }
+    SayLeftOut(fresh->faults, draws.empty() ? 0 : draws.back().draw.issue, count);
     if (count.added + count.completed + count.replaced == 0) return;
     if (!ssq::ReadDrawsCsv(ssq::WriteDrawsCsv(draws)).faults.empty()) {
         return Say(ssq::kNote, "数据来源没有用上，开奖日期与文件矛盾");
@@ -171,18 +188,17 @@ bool Load(const Options& options, const Ending& ending, ssq::DrawFile& file) {
     std::string fault;
     std::error_code unreadable;
     const bool mayLack = !options.source.empty() && !fs::exists(options.file, unreadable);
-    if (!file.Refresh(fault) && !mayLack) {
+    if (file.Refresh(fault) == ssq::Refreshed::kFailed && !mayLack) {
         Say(ssq::kFault, "数据文件 " + options.file.string() + " 读不了：" + fault);
         return false;
     }
-    for (const ssq::DrawsCsvFault& bad : file.csv().faults) {
-        Log("line " + std::to_string(bad.line) + ": " + bad.reason);
+    LogFaults(file);
+    Console console(ending);
+    if (!options.source.empty()) {
+        ssq::Run run(console);
+        MergeSource(run, options, file);
     }
     if (!file.Remarks().empty()) Say(ssq::kNote, file.Remarks());
-    if (options.source.empty()) return true;
-    Console console(ending);
-    ssq::Run run(console);
-    MergeSource(run, options, file);
     return !console.stopping();
 }
 
@@ -194,7 +210,12 @@ void SetSocketOptions(socket_t socket) {
 
 void Respond(ssq::DrawFile& file, const httplib::Request& request, httplib::Response& response) {
     std::string fault;
-    if (!file.Refresh(fault)) Log("keeping the draws read before: " + fault);
+    const ssq::Refreshed refreshed = file.Refresh(fault);
+    if (refreshed == ssq::Refreshed::kFailed) Log("keeping the draws read before: " + fault);
+    if (refreshed == ssq::Refreshed::kRead) {
+        LogFaults(file);
+        if (!file.Remarks().empty()) Log(file.Remarks());
+    }
     const auto page = ssq::Answer(file, request.path,
                                   [&](const char* key) { return request.get_param_value(key); });
     const auto bytes = page ? ssq::EncodeGbk(*page) : std::nullopt;
@@ -203,8 +224,6 @@ void Respond(ssq::DrawFile& file, const httplib::Request& request, httplib::Resp
     } else {
         response.status = 404;
     }
-    Log(request.method + " " + request.target + " " + std::to_string(bytes ? 200 : 404) + " " +
-        std::to_string(bytes ? bytes->size() : 0));
 }
 
 int Serve(const Options& options) {
@@ -212,6 +231,15 @@ int Serve(const Options& options) {
     httplib::Server server;
     server.set_socket_options(SetSocketOptions);
     server.set_keep_alive_max_count(1);
+    // A client that sends nothing or half a request holds up the end for so long; the program waits
+    // two seconds for its gateway.
+    constexpr int kSilenceSeconds = 1;
+    server.set_keep_alive_timeout(kSilenceSeconds);
+    server.set_read_timeout(kSilenceSeconds);
+    server.set_logger([](const httplib::Request& request, const httplib::Response& response) {
+        Log(request.method + " " + request.target + " " + std::to_string(response.status) + " " +
+            std::to_string(response.body.size()));
+    });
     if (!server.bind_to_port("127.0.0.1", options.port)) {
         Say(ssq::kFault, "数据网关的端口 " + std::to_string(options.port) + " 已被占用");
         return EXIT_FAILURE;
@@ -236,7 +264,7 @@ int Serve(const Options& options) {
 int Check(const fs::path& path) {
     ssq::DrawFile file(path);
     std::string fault;
-    if (!file.Refresh(fault)) {
+    if (file.Refresh(fault) == ssq::Refreshed::kFailed) {
         std::printf("%s\n", fault.c_str());
         return EXIT_FAILURE;
     }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "draws/IssueRules.h"
+
 namespace ssq {
 
 namespace {
@@ -46,6 +48,11 @@ void MergeDraw(PublishedDraw& stored, const PublishedDraw& fresh, bool replace, 
 
 }  // namespace
 
+bool Follows(const PublishedDraw& draw, const PublishedDraw& before) {
+    return IsNextDraw(draw.draw.issue, *ParseDate(draw.draw.date), before.draw.issue,
+                      *ParseDate(before.draw.date));
+}
+
 MergeCount MergeDraws(std::vector<PublishedDraw>& draws, std::span<const PublishedDraw> fresh,
                       bool replace) {
     const auto issue = [](const PublishedDraw& draw) { return draw.draw.issue; };
@@ -54,6 +61,8 @@ MergeCount MergeDraws(std::vector<PublishedDraw>& draws, std::span<const Publish
         const auto place = std::ranges::lower_bound(draws, next.draw.issue, {}, issue);
         if (place != draws.end() && place->draw.issue == next.draw.issue) {
             MergeDraw(*place, next, replace, count);
+        } else if (place == draws.end() && !draws.empty() && !Follows(next, draws.back())) {
+            if (count.behindHole == 0) count.behindHole = next.draw.issue;
         } else {
             draws.insert(place, next);
             ++count.added;

@@ -9,6 +9,7 @@
 
 #include "base/text.h"
 #include "gateway/DatabaseExport.h"
+#include "gateway/DrawFile.h"
 #include "support/UpdateTest.h"
 #include "support/paths.h"
 
@@ -189,13 +190,15 @@ TEST_F(GatewayUpdate, MergesASourceAndNeverChangesWhatStands) {
                                   "7 120 1000 50000 1000000 9000000,6000000 150000 3000 200 10 5\n"
                                   "2026116,2026-10-11,16,01 02 03 04 05 06,,,,,\n"));
 
-    // A broken answer, a draw that cannot be, and another that stands otherwise change nothing.
+    // A broken answer, draws that cannot be, and another that stands otherwise change nothing.
     site.Serve("/notices", [](const std::string&) { return PageReply{.body = R"({"result":[{)"}; });
     updates.Draws();
     EXPECT_EQ(status, "开奖数据：已是最新（数据来源没有用上，来源的回答不是开奖公告）");
-    serve(notice("2026117", "2026-10-32", known) + "," + notice("2026114", "2026-10-06", known));
+    serve("5," + notice("2026117", "2026年10月13日", known) + "," +
+          notice("2026117", "2026-10-32\\u0000", known) + "," +
+          notice("2026114", "2026-10-06", known));
     updates.Draws();
-    EXPECT_THAT(status, AllOf(HasSubstr("数据来源有 1 期没有采用：日期不正确"),
+    EXPECT_THAT(status, AllOf(HasSubstr("数据来源有 3 期没有采用，第 1 条期号不正确"),
                               HasSubstr("1 期与文件不同，没有改动")));
     EXPECT_EQ(BytesOf(file()), merged);
 
@@ -203,6 +206,39 @@ TEST_F(GatewayUpdate, MergesASourceAndNeverChangesWhatStands) {
     serve(notice("2026116", "2026-10-11", known));
     updates.Prizes();
     EXPECT_EQ(status, "奖池信息：已更新 1 期");
+
+    // A hole that the source would make, and one that it closes.
+    const std::string whole = BytesOf(file());
+    serve(notice("2026118", "2026-10-15", known));
+    updates.Draws();
+    EXPECT_EQ(status,
+              "开奖数据：已是最新（数据来源在 2026116 期与 2026118 期之间缺期，之后的没有采用）");
+    EXPECT_EQ(BytesOf(file()), whole);
+    WriteFile(3, "2026116,2026-10-11,16,01 02 03 04 05 06,,,,,\n");
+    serve(notice("2026115", "2026-10-08", known));
+    updates.Draws();
+    EXPECT_EQ(status, "开奖数据：已是最新");
+}
+
+TEST(GatewayFile, TellsOnceOfEachChange) {
+    const TempFolder folder;
+    const fs::path path = folder.path() / "draws.csv";
+    const auto write = [&](const std::string& lines) {
+        std::ofstream(path, std::ios::binary) << kDrawsCsvHeading << "\n" << lines;
+    };
+    const std::string good = "2026114,2026-10-06,10,07 18 23 24 29 31,,,,,\n";
+    DrawFile file(path);
+    std::string fault;
+    write(good);
+    EXPECT_EQ(file.Refresh(fault), Refreshed::kRead);
+    EXPECT_EQ(file.Refresh(fault), Refreshed::kUnchanged);
+    write(good + "2026115,2026-10-08,99,01 02 03 04 05 06,,,,,\n");
+    EXPECT_EQ(file.Refresh(fault), Refreshed::kRead);
+    EXPECT_THAT(file.csv().faults, SizeIs(1));
+    write("no draw\n");
+    EXPECT_EQ(file.Refresh(fault), Refreshed::kFailed);
+    EXPECT_EQ(file.Refresh(fault), Refreshed::kUnchanged);
+    EXPECT_THAT(file.csv().draws, SizeIs(1));
 }
 
 TEST(GatewayExport, WritesTheDeliveredDatabaseAsTheFileItWasMadeFrom) {
