@@ -5,7 +5,9 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QWidget>
 #include <algorithm>
 #include <initializer_list>
@@ -96,6 +98,10 @@ void Mouse(Call& call) {
 
 void Popup(Call& call) {
     QWidget& control = call.usable();
+    const auto* button = qobject_cast<QPushButton*>(&control);
+    if (button && button->menu()) {
+        return UsableEntry(button->menu()->actions(), call["entry"]).trigger();
+    }
     call.stage.desktop.ChooseInPopup(call["entry"]);
     if (qobject_cast<QAbstractButton*>(&control)) {
         ClickControl(control);

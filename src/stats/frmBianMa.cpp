@@ -20,7 +20,7 @@ frmBianMa::frmBianMa(const PanelContext& context, QWidget* parent)
     : RangePanel(context, parent,
                  {.form = {"frmBianMa", " 红球边码统计分析", 1200, 760},
                   .startEntry = kRangeOpens,
-                  .drawsBefore = kFormulaDraws}) {
+                  .drawsBefore = kFormulaDraws + 1}) {
     cboZtype_ = AddCombo(inputs(), "cboZtype", QStringLiteral("边码期数:"));
     for (int q = 1; q <= kFormulaDraws; ++q) {
         cboZtype_->addItem(QStringLiteral("上%1期边码").arg(q));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <numeric>
 #include <set>
 
 #include "base/numbers.h"
@@ -101,8 +102,8 @@ TablePart SelectedTable(const ResultGrid& grid, std::span<const int> rows) {
 }
 
 TablePart WholeTable(const ResultGrid& grid) {
-    std::vector<int> rows;
-    for (int row = 0; row < grid.rows(); ++row) rows.push_back(row);
+    std::vector<int> rows(static_cast<std::size_t>(grid.rows()));
+    std::iota(rows.begin(), rows.end(), 0);
     return PartOf(grid, rows, 0, grid.cols() - 1);
 }
 

@@ -151,14 +151,16 @@ QPushButton* AddPeriodMenu(QBoxLayout* row, IssueCombo& start, IssueCombo& end, 
     button->setFocusPolicy(Qt::TabFocus);  // a click leaves the keys to the combos
     button->setMaximumWidth(button->fontMetrics().horizontalAdvance(button->text()) + kBesideText);
     auto* menu = new QMenu(button);
-    const auto add = [&](const QString& caption, int draws) {
-        AddEntry(*menu, nullptr, caption, [&start, &end, draws, drawsBefore] {
+    const auto add = [&](const char* name, const QString& caption, int draws) {
+        AddEntry(*menu, name, caption, [&start, &end, draws, drawsBefore] {
             end.TakeEntry(0);
             start.TakeEntry(std::min(draws, std::max(start.count() - drawsBefore, 1)) - 1);
         });
     };
-    for (const int draws : {30, 50, 100}) add(QStringLiteral("近%1期").arg(draws), draws);
-    add(QStringLiteral("全部"), std::numeric_limits<int>::max());
+    add("mnuQishu30", QStringLiteral("近30期"), 30);
+    add("mnuQishu50", QStringLiteral("近50期"), 50);
+    add("mnuQishu100", QStringLiteral("近100期"), 100);
+    add("mnuQishuAll", QStringLiteral("全部"), std::numeric_limits<int>::max());
     button->setMenu(menu);
     return button;
 }
