@@ -109,7 +109,7 @@ QString SystemDesktop::AskSaveFile(const QString& pattern, const QString& propos
     if (lastFolder_.isEmpty()) {
         lastFolder_ = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     }
-    const QString file = QFileDialog::getSaveFileName(
+    QString file = QFileDialog::getSaveFileName(
         QApplication::activeWindow(), QStringLiteral("保存文件"),
         QDir(lastFolder_).filePath(proposed), pattern, nullptr, QFileDialog::DontConfirmOverwrite);
     if (!file.isEmpty()) lastFolder_ = QFileInfo(file).absolutePath();

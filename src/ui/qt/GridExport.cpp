@@ -119,7 +119,7 @@ QString AskFileToWrite(const PanelContext& context, const FileWish& wish) {
     QString name = desktop.AskSaveFile(wish.pattern, wish.proposed);
     if (name.trimmed().isEmpty() || context.session.host.stopping()) return {};
     if (wish.endsAlways || QFileInfo(name).suffix().isEmpty()) name += wish.ending;
-    const QString file = QFileInfo(name).absoluteFilePath();
+    QString file = QFileInfo(name).absoluteFilePath();
     if (QFileInfo::exists(file) &&
         !desktop.Confirm(QStringLiteral("提示"), QStringLiteral("文件已经存在，要替换它吗？\n") +
                                                      QDir::toNativeSeparators(file))) {
