@@ -8,14 +8,12 @@
 #include "base/text.h"
 #include "bets/BetAttributes.h"
 #include "bets/PlainLine.h"
+#include "draws/Draw.h"
 
 namespace ssq {
 
 namespace {
 
-constexpr int kReds = RedSet::kLargest;
-constexpr int kBlues = 16;
-constexpr int kRedsInBet = 6;
 constexpr int kMostBankers = 5;
 constexpr int kLargestValue = 999;
 constexpr int kYuanPerBet = 2;
@@ -300,7 +298,7 @@ bool Reader::ReadRatios(std::string_view text, std::size_t parts, BetValues& val
             ratio.push_back(Number(part));
         }
         if (ratio.size() != parts) return FailUnknown(item);
-        if (std::accumulate(ratio.begin(), ratio.end(), 0) != kRedsInBet) {
+        if (std::accumulate(ratio.begin(), ratio.end(), 0) != kRedsInDraw) {
             return Fail(BetFault::kRatio, "比例的各项相加应为6");
         }
         values.set(static_cast<std::size_t>(RatioValue(ratio)));
@@ -373,7 +371,7 @@ void Reader::FindConflict() {
 
 void Reader::FindSmallPool() {
     const BetPlan& plan = result_.plan;
-    if (!result_.errors.empty() || plan.Usable().Count() >= kRedsInBet) return;
+    if (!result_.errors.empty() || plan.Usable().Count() >= kRedsInDraw) return;
     number_ =
         std::max({plan.lines[Index(BetStatement::kPool)], plan.lines[Index(BetStatement::kBankers)],
                   plan.lines[Index(BetStatement::kKilled)]});
